@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QSplitter>
+
+/// The panes of a main window: sidebar, selection pane, detail column, side by side at widths that
+/// the user can drag. In a narrow window the first two stand one above the other; in a very narrow
+/// one only the detail column is left.
+class Columns : public QSplitter {
+    Q_OBJECT
+
+public:
+    Columns(QWidget *sidebar, QWidget *selectionPane, QWidget *detail);
+
+    bool isSidebarShown() const { return m_sidebarShown; }
+    void setSidebarShown(bool shown);
+
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+
+private:
+    enum class Arrangement { SideBySide, Stacked, DetailOnly };
+    static Arrangement arrangementFor(int width);
+    void arrange(Arrangement arrangement);
+
+    QSplitter *m_side;
+    QWidget *m_sidebar;
+    Arrangement m_arrangement = Arrangement::SideBySide;
+    bool m_sidebarShown = true;
+};

@@ -1,0 +1,71 @@
+#include "main_window/ContentView.h"
+
+#include "main_window/Columns.h"
+#include "reading/TextPane.h"
+
+#include <QCoreApplication>
+#include <QMenu>
+
+// The menu items that concern what is in a main window.
+
+namespace {
+
+struct Titles {
+    Q_DECLARE_TR_FUNCTIONS(ContentMenus)
+};
+
+} // namespace
+
+// The text pane is the one text in the window, so it is what these items act on, also while a
+// button has the keyboard focus.
+void ContentView::fillEditMenu(QMenu &menu)
+{
+    TextPane *pane = m_textPane;
+    const auto add = [&menu, pane](const QString &title, QKeySequence::StandardKey key, void (TextPane::*act)()) {
+        QAction *action = menu.addAction(title);
+        action->setShortcut(key);
+        QObject::connect(action, &QAction::triggered, pane, act);
+        return action;
+    };
+    QAction *undo = add(Titles::tr("取り消す(&U)"), QKeySequence::Undo, &TextPane::undo);
+    QAction *redo = add(Titles::tr("やり直す(&R)"), QKeySequence::Redo, &TextPane::redo);
+    menu.addSeparator();
+    QAction *cut = add(Titles::tr("切り取り(&T)"), QKeySequence::Cut, &TextPane::cut);
+    QAction *copy = add(Titles::tr("コピー(&C)"), QKeySequence::Copy, &TextPane::copy);
+    add(Titles::tr("貼り付け(&P)"), QKeySequence::Paste, &TextPane::paste);
+    menu.addSeparator();
+    add(Titles::tr("すべてを選択(&A)"), QKeySequence::SelectAll, &TextPane::selectAll);
+
+    for (QAction *action : {undo, redo, cut, copy})
+        action->setEnabled(false);
+    QObject::connect(pane, &TextPane::undoAvailable, undo, &QAction::setEnabled);
+    QObject::connect(pane, &TextPane::redoAvailable, redo, &QAction::setEnabled);
+    QObject::connect(pane, &TextPane::copyAvailable, cut, &QAction::setEnabled);
+    QObject::connect(pane, &TextPane::copyAvailable, copy, &QAction::setEnabled);
+}
+
+void ContentView::fillViewMenu(QMenu &menu)
+{
+    QAction *sidebar = menu.addAction(Titles::tr("サイドバー(&S)"));
+    sidebar->setShortcut(Qt::Key_F9);
+    sidebar->setCheckable(true);
+    sidebar->setChecked(m_columns->isSidebarShown());
+    QObject::connect(sidebar, &QAction::toggled, m_columns, &Columns::setSidebarShown);
+    menu.addSeparator();
+
+    const auto add = [this, &menu](const QString &title, const QKeySequence &key, std::function<double()> size) {
+        QAction *action = menu.addAction(title);
+        action->setShortcut(key);
+        QObject::connect(action, &QAction::triggered, m_columns,
+                         [this, size = std::move(size)] { fontSize = FontSize::allowed(size()); });
+        return action;
+    };
+    const auto larger = [this] { return fontSize + FontSize::step; };
+    const auto smaller = [this] { return fontSize - FontSize::step; };
+    // The plus sign shares its key with another character on most keyboards; both do.
+    add(Titles::tr("文字を大きく(&L)"), {}, larger)
+        ->setShortcuts({QKeySequence(Qt::CTRL | Qt::Key_Plus), QKeySequence(Qt::CTRL | Qt::Key_Equal),
+                        QKeySequence(Qt::CTRL | Qt::Key_Semicolon)});
+    add(Titles::tr("文字を小さく(&M)"), Qt::CTRL | Qt::Key_Minus, smaller);
+    add(Titles::tr("標準の大きさ(&N)"), Qt::CTRL | Qt::Key_0, [] { return FontSize::initial; });
+}

@@ -1,0 +1,98 @@
+#include "main_window/ContentView.h"
+
+#include "browsers/BrowserPicker.h"
+#include "main_window/Columns.h"
+#include "main_window/SelectionPane.h"
+#include "play/PlayArea.h"
+#include "reading/OpeningMessage.h"
+#include "reading/ReadingControls.h"
+#include "reading/TextPane.h"
+#include "tree/Node.h"
+#include "tree/Sidebar.h"
+#include "view/Frame.h"
+#include "view/Modifiers.h"
+#include "view/Stacks.h"
+
+#include <QCoreApplication>
+
+namespace {
+
+constexpr FrameBounds bounds {.minimum = {100, 100}, .ideal = {999, 350}, .maximum = {1199, 650}};
+
+// The text pane and the play area share what height the controls row leaves.
+constexpr int textPaneShare = 3;
+constexpr int playAreaShare = 2;
+
+QWidget *sharingHeight(int share, QWidget *widget)
+{
+    QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    policy.setVerticalStretch(share);
+    widget->setSizePolicy(policy);
+    return widget;
+}
+
+} // namespace
+
+ContentView::ContentView(Surroundings &surroundings)
+    : ContentView(Seed {}, surroundings)
+{
+}
+
+ContentView::ContentView(Seed seed, Surroundings &surroundings)
+    : m_surroundings(surroundings)
+    , uString(Key::StringKeyPX5, surroundings.defaults, seed.uString)
+    , sp1(seed.sp1)
+    , sp2(seed.sp2 ? *seed.sp2 : surroundings.defaults.integer(Key::IntKeyToggle2))
+    , btnStatus(surroundings.defaults.integer(Key::CatPX5))
+    , m_textLoading(text, sp1, sp2, surroundings.defaults, surroundings.newOpenPanel)
+{
+}
+
+Frame *ContentView::body()
+{
+    QWidget *sidebar = Sidebar(sampleData(), selection);
+    QWidget *selectionPane = SelectionPane(selection, hostName, userName);
+    m_columns = new Columns(sidebar, selectionPane, detailColumn());
+    m_textPane->setFocus(); // reading is what the window is for
+    return new Frame(m_columns, bounds);
+}
+
+QWidget *ContentView::detailColumn()
+{
+    const ReadingActions actions {
+        .startSimulation = [this] { simulation(); },
+        .openText = [this] { openText(); },
+        .savePdf = [this] { savePDF(QCoreApplication::translate("ContentView", "名称未設定")); },
+        .launch = [this] { launchEdge(); },
+    };
+    QWidget *controls = ReadingControls(fontSize, actions, BrowserPicker(browsers, selectedBrowser));
+    m_textPane = new TextPane(text, fontSize);
+    QObject::connect(&m_textLoading, &TextLoading::loaded, m_textPane, [this] { m_textPane->setFocus(); });
+    onAppear([this] { text = openingMessage(); }, m_textPane);
+    QWidget *column = VStack(
+        {
+            controls,
+            sharingHeight(textPaneShare, m_textPane),
+            sharingHeight(playAreaShare, new PlayArea),
+        },
+        {.padded = true});
+    return onAppear([this] { readHost(); }, Scrollable(column));
+}
+
+void ContentView::openText()
+{
+    m_textLoading.openText(m_columns->window());
+}
+
+void ContentView::savePDF(const QString &) { }
+
+void ContentView::launchEdge() { }
+
+void ContentView::simulation() { }
+
+void ContentView::readHost()
+{
+    const QString name = m_surroundings.host.name();
+    hostName = name.isEmpty() ? QStringLiteral("Unknown") : name;
+    userName = m_surroundings.host.userName();
+}

@@ -1,0 +1,83 @@
+#pragma once
+
+#include "main_window/Surroundings.h"
+#include "preferences/AppStorage.h"
+#include "preferences/PreferenceKeys.h"
+#include "reading/FontSize.h"
+#include "reading/ReadingText.h"
+#include "reading/TextLoading.h"
+#include "view/State.h"
+
+#include <QPointer>
+#include <QStringList>
+#include <QUuid>
+
+#include <optional>
+
+class Columns;
+class Frame;
+class QMenu;
+class TextPane;
+
+/// The content of a main window: its state, its actions, and the view that shows them. Each window
+/// has its own; the fields must outlive the view.
+class ContentView {
+public:
+    /// The values of the three fields that can be given from outside. An sp2 that isn't given is the
+    /// integer stored under IntKeyToggle2.
+    struct Seed {
+        QString uString = {};
+        qint64 sp1 = 0;
+        std::optional<qint64> sp2 = {};
+    };
+
+    explicit ContentView(Surroundings &surroundings = Surroundings::standard());
+    explicit ContentView(Seed seed, Surroundings &surroundings = Surroundings::standard());
+    Q_DISABLE_COPY_MOVE(ContentView)
+
+    /// Builds the view; called once.
+    Frame *body();
+
+    void openText();
+    void savePDF(const QString &fileName);
+    void launchEdge();
+    void simulation();
+
+    // The menu items that concern what is in this window.
+    void fillEditMenu(QMenu &menu);
+    void fillViewMenu(QMenu &menu);
+
+private:
+    void readHost();
+    QWidget *detailColumn();
+
+    Surroundings &m_surroundings;
+
+    // The state, in its documented order; seeded here and when a window's view appears.
+    State<std::optional<QUuid>> selection;
+    ReadingText text;
+    State<double> offset {0.0};
+    State<bool> movingRight {true};
+    State<QString> movingStr {QStringLiteral("船🛥")};
+
+public:
+    AppStorage<QString> uString;
+    State<qint64> sp1;
+    State<qint64> sp2;
+
+private:
+    State<QStringList> browsers;
+    State<QString> selectedBrowser;
+    State<qint64> btnStatus;
+    State<bool> showAlert {false};
+    State<QString> alertMessage;
+    State<double> fontSize {FontSize::initial};
+    State<QString> hostName;
+    State<QString> userName;
+
+    // The tools that work on it.
+    TextLoading m_textLoading;
+
+    QPointer<Columns> m_columns;
+    QPointer<TextPane> m_textPane;
+};

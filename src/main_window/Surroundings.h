@@ -1,0 +1,19 @@
+#pragma once
+
+#include "platform/Host.h"
+#include "platform/OpenPanel.h"
+#include "platform/Workspace.h"
+#include "preferences/UserDefaults.h"
+
+#include <functional>
+
+/// What a main window meets outside itself.
+struct Surroundings {
+    UserDefaults &defaults;
+    Host &host;
+    Workspace &workspace;
+    std::function<OpenPanel *(QWidget *window)> newOpenPanel;
+
+    /// The real ones: this user's store, this computer, this desktop.
+    static Surroundings &standard();
+};

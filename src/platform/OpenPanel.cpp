@@ -1,0 +1,82 @@
+#include "platform/OpenPanel.h"
+
+#include <QCoreApplication>
+#include <QFileDialog>
+#include <QFileInfo>
+
+namespace {
+
+class SystemOpenPanel : public OpenPanel {
+    Q_DECLARE_TR_FUNCTIONS(OpenPanel)
+
+public:
+    explicit SystemOpenPanel(QWidget *window)
+        : OpenPanel(window)
+        , m_dialog(new QFileDialog(window))
+    {
+        m_dialog->setWindowModality(Qt::WindowModal);
+        m_dialog->setAcceptMode(QFileDialog::AcceptOpen);
+        m_dialog->setOption(QFileDialog::HideNameFilterDetails);
+    }
+
+    void runModal(std::function<void(ModalResponse)> ended) override
+    {
+        m_dialog->setFileMode(fileMode());
+        if (!m_allowedFileTypes.isEmpty())
+            m_dialog->setNameFilter(nameFilter());
+        connect(m_dialog, &QDialog::finished, this, [this, ended = std::move(ended)](int result) {
+            ended(result == QDialog::Accepted ? ModalResponse::OK : ModalResponse::Cancel);
+            m_dialog->deleteLater();
+            deleteLater();
+        });
+        m_dialog->open();
+    }
+
+    std::optional<QUrl> url() const override
+    {
+        const QStringList files = m_dialog->selectedFiles();
+        if (files.size() != 1 || !allows(files.first()))
+            return std::nullopt;
+        return QUrl::fromLocalFile(files.first());
+    }
+
+private:
+    QFileDialog::FileMode fileMode() const
+    {
+        if (!m_canChooseFiles)
+            return QFileDialog::Directory;
+        return m_allowsMultipleSelection ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile;
+    }
+
+    // "*.[tT][xX][tT]": desktops differ in whether a pattern minds the letter case.
+    QString nameFilter() const
+    {
+        QStringList patterns;
+        for (const QString &extension : m_allowedFileTypes) {
+            QString pattern = QStringLiteral("*.");
+            for (const QChar c : extension)
+                pattern += u'[' + QString(c.toLower()) + c.toUpper() + u']';
+            patterns += pattern;
+        }
+        const QString types = m_allowedFileTypes.join(QStringLiteral(", ")).toUpper();
+        return tr("%1 ファイル").arg(types) + QStringLiteral(" (") + patterns.join(u' ') + u')';
+    }
+
+    QFileDialog *m_dialog;
+};
+
+} // namespace
+
+bool OpenPanel::allows(const QString &path) const
+{
+    const QFileInfo file(path);
+    if (file.isDir())
+        return m_canChooseDirectories;
+    return m_canChooseFiles
+        && (m_allowedFileTypes.isEmpty() || m_allowedFileTypes.contains(file.suffix(), Qt::CaseInsensitive));
+}
+
+OpenPanel *newOpenPanel(QWidget *window)
+{
+    return new SystemOpenPanel(window);
+}

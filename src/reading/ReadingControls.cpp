@@ -1,0 +1,29 @@
+#include "reading/ReadingControls.h"
+
+#include "reading/FontSize.h"
+#include "view/Controls.h"
+#include "view/Stacks.h"
+
+#include <QCoreApplication>
+
+namespace {
+struct Titles {
+    Q_DECLARE_TR_FUNCTIONS(ReadingControls)
+};
+} // namespace
+
+QWidget *ReadingControls(State<double> &fontSize, const ReadingActions &act, QWidget *picker)
+{
+    using namespace FontSize;
+    const Binding<double> size([&fontSize] { return fontSize.value(); },
+                               [&fontSize](double points) { fontSize = allowed(points); });
+    return WrappingRow({
+        Slider(Titles::tr("Font Size"), size, {.from = smallest, .to = largest, .step = step}),
+        Text([&fontSize] { return Titles::tr("%1 pt").arg(qint64(fontSize.value())); }),
+        Button(Titles::tr("別スレッド"), act.startSimulation),
+        Button(Titles::tr("読込"), act.openText),
+        Button(Titles::tr("簡易PDF"), act.savePdf),
+        Button(Titles::tr("起動"), act.launch),
+        picker,
+    });
+}

@@ -1,0 +1,65 @@
+#include "reading/TextLoading.h"
+
+#include "platform/RegularFile.h"
+#include "preferences/PreferenceKeys.h"
+#include "preferences/UserDefaults.h"
+#include "reading/ReadingText.h"
+#include "reading/TextDecoding.h"
+
+#include <QtConcurrentRun>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qint64 largestFile = qint64(2) << 30; // bytes
+
+std::optional<QString> readText(const QString &path)
+{
+    const auto bytes = readRegularFile(path, largestFile);
+    return bytes ? decodedText(*bytes) : std::nullopt;
+}
+
+} // namespace
+
+TextLoading::TextLoading(ReadingText &text, State<qint64> &sp1, State<qint64> &sp2, UserDefaults &defaults,
+                         NewPanel newPanel)
+    : m_text(text)
+    , m_sp1(sp1)
+    , m_sp2(sp2)
+    , m_defaults(defaults)
+    , m_newPanel(std::move(newPanel))
+{
+}
+
+void TextLoading::openText(QWidget *window)
+{
+    m_sp1 = m_defaults.integer(Key::IntKeyToggle1);
+    m_sp2 = m_defaults.integer(Key::IntKeyToggle2);
+
+    OpenPanel *panel = m_newPanel(window);
+    panel->setAllowedFileTypes({m_sp1 == 0 ? u"txt"_s : u"rtf"_s});
+    panel->setAllowsMultipleSelection(false);
+    panel->setCanChooseDirectories(false);
+    panel->setCanChooseFiles(true);
+    panel->runModal([this, panel](ModalResponse response) {
+        if (response != ModalResponse::OK)
+            return;
+        if (const auto url = panel->url())
+            load(url->toLocalFile());
+    });
+}
+
+// Reading and decoding happen elsewhere. Their result counts only if nothing was put into the pane
+// since, and no other file was picked.
+void TextLoading::load(const QString &path)
+{
+    const int thisLoad = ++m_latestLoad;
+    const int assignments = m_text.assignments();
+    QtConcurrent::run(readText, path).then(this, [this, thisLoad, assignments](const std::optional<QString> &read) {
+        if (!read || thisLoad != m_latestLoad || assignments != m_text.assignments())
+            return;
+        m_text = *read;
+        emit loaded();
+    });
+}

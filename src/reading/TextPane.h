@@ -1,0 +1,25 @@
+#pragma once
+
+#include "view/State.h"
+
+#include <QPlainTextEdit>
+
+class ReadingText;
+
+/// The pane in which the text is read and edited, in the system's font at `fontSize` points.
+/// Tab leaves the pane, as it leaves every other control; Ctrl+Tab writes a tab.
+class TextPane : public QPlainTextEdit {
+    Q_OBJECT
+
+public:
+    TextPane(ReadingText &text, const State<double> &fontSize);
+
+    // Small, so that the pane asks for no room of its own: it gets what the others leave.
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
+protected:
+    bool canInsertFromMimeData(const QMimeData *source) const override;
+    void insertFromMimeData(const QMimeData *source) override;
+    void keyPressEvent(QKeyEvent *event) override;
+};

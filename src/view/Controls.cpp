@@ -1,0 +1,108 @@
+#include "view/Controls.h"
+
+#include "view/Modifiers.h"
+#include "view/Stacks.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QSlider>
+
+#include <cmath>
+
+namespace {
+
+// An ampersand in a title is a character, not the mark of a mnemonic.
+QString verbatim(QString title)
+{
+    return title.replace(u'&', QStringLiteral("&&"));
+}
+
+QLabel *label()
+{
+    auto *label = new QLabel;
+    label->setTextFormat(Qt::PlainText);
+    return label;
+}
+
+// The visible title names the control for a screen reader too.
+QLabel *titleOf(QWidget *control, const QString &title)
+{
+    QLabel *text = label();
+    text->setText(title);
+    text->setBuddy(control);
+    control->setAccessibleName(title);
+    return text;
+}
+
+} // namespace
+
+QWidget *Text(const QString &text)
+{
+    QLabel *shown = label();
+    shown->setText(text);
+    return shown;
+}
+
+QWidget *Text(std::function<QString()> text)
+{
+    QLabel *shown = label();
+    follow(shown, std::move(text), [shown](const QString &value) { shown->setText(value); });
+    return shown;
+}
+
+QWidget *Button(const QString &title, std::function<void()> action)
+{
+    auto *button = new QPushButton(verbatim(title));
+    button->setAccessibleName(title);
+    QObject::connect(button, &QPushButton::clicked, button, std::move(action));
+    return button;
+}
+
+QWidget *Toggle(const QString &title, Binding<bool> isOn)
+{
+    auto *box = new QCheckBox(verbatim(title));
+    box->setAccessibleName(title);
+    follow(box, isOn.get, [box](bool on) { box->setChecked(on); });
+    // clicked, not toggled: only the user writes, never the value that has just been shown.
+    QObject::connect(box, &QCheckBox::clicked, box, std::move(isOn.set));
+    return box;
+}
+
+QWidget *Slider(const QString &title, Binding<double> value, SliderRange range)
+{
+    auto *slider = new QSlider(Qt::Horizontal);
+    slider->setRange(0, int(std::lround((range.to - range.from) / range.step)));
+    slider->setPageStep(5);
+    slider->setMinimumWidth(60);
+    follow(slider, value.get, [slider, range](double now) {
+        slider->setValue(int(std::lround((now - range.from) / range.step)));
+    });
+    QObject::connect(slider, &QSlider::valueChanged, slider,
+                     [range, set = std::move(value.set)](int step) { set(range.from + step * range.step); });
+    QWidget *row = HStack({titleOf(slider, title), slider});
+    row->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+    return row;
+}
+
+QWidget *Picker(const QString &title, Binding<QString> selection, std::function<QStringList()> rows)
+{
+    auto *list = new QComboBox;
+    list->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    list->setMinimumContentsLength(8);
+    const auto showSelection = [list](const QString &name) { list->setCurrentIndex(list->findText(name)); };
+    follow(list, std::move(rows), [list, showSelection, get = selection.get](const QStringList &names) {
+        list->clear();
+        list->addItems(names);
+        showSelection(get());
+    });
+    follow(list, selection.get, showSelection);
+    QObject::connect(list, &QComboBox::textActivated, list, std::move(selection.set));
+
+    QLabel *heading = titleOf(list, title);
+    QFont titleFont = heading->font();
+    titleFont.setPointSizeF(titleFont.pointSizeF() * 17 / 13); // a second-level title beside body text
+    heading->setFont(titleFont);
+    return VStack({heading, list}, {.spacing = 4});
+}

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "view/State.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+
+class QWidget;
+
+// Controls. Each shows what its state says and writes back what the user does; titles are shown
+// verbatim (no markup, no mnemonic from an ampersand) and are the accessible names.
+
+QWidget *Text(const QString &text);
+QWidget *Text(std::function<QString()> text);
+
+QWidget *Button(const QString &title, std::function<void()> action);
+
+/// A check box with its title.
+QWidget *Toggle(const QString &title, Binding<bool> isOn);
+
+struct SliderRange {
+    double from;
+    double to;
+    double step;
+};
+/// A visible title and a slider that can take the values from, from + step, … to.
+QWidget *Slider(const QString &title, Binding<double> value, SliderRange range);
+
+/// A visible title above a pop-up list; a row is shown as chosen when it equals `selection`.
+QWidget *Picker(const QString &title, Binding<QString> selection, std::function<QStringList()> rows);

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "view/State.h"
+
+#include <QString>
+
+#include <functional>
+
+class QWidget;
+
+// Decorators: each returns the widget it was given.
+
+/// Hidden, and taking no room, while `condition` is false.
+QWidget *visibleWhen(std::function<bool()> condition, QWidget *widget);
+
+/// The name that a screen reader says, for a widget without a visible label.
+QWidget *named(const QString &name, QWidget *widget);
+
+/// Runs `action` each time the widget comes on screen anew; uncovering or un-minimising a window
+/// does not count.
+QWidget *onAppear(std::function<void()> action, QWidget *widget);
+
+/// Breaks the lines of a Text where it has no room, and centres them.
+QWidget *wrapped(QWidget *text);
