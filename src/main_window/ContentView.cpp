@@ -53,7 +53,6 @@ Frame *ContentView::body()
     QWidget *sidebar = Sidebar(sampleData(), selection);
     QWidget *selectionPane = SelectionPane(selection, hostName, userName);
     m_columns = new Columns(sidebar, selectionPane, detailColumn());
-    m_textPane->setFocus(); // reading is what the window is for
     return new Frame(m_columns, bounds);
 }
 
@@ -68,7 +67,12 @@ QWidget *ContentView::detailColumn()
     QWidget *controls = ReadingControls(fontSize, actions, BrowserPicker(browsers, selectedBrowser));
     m_textPane = new TextPane(text, fontSize);
     QObject::connect(&m_textLoading, &TextLoading::loaded, m_textPane, [this] { m_textPane->setFocus(); });
-    onAppear([this] { text = openingMessage(); }, m_textPane);
+    onAppear(
+        [this] {
+            text = openingMessage();
+            m_textPane->setFocus(); // reading is what the window is for
+        },
+        m_textPane);
     QWidget *column = VStack(
         {
             controls,

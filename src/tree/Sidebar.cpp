@@ -1,13 +1,13 @@
 #include "tree/Sidebar.h"
 
 #include "tree/Node.h"
+#include "tree/NodeIcons.h"
 
 #include <QCoreApplication>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QStandardItemModel>
-#include <QStyle>
 #include <QTreeView>
 
 namespace {
@@ -59,18 +59,30 @@ protected:
     }
 };
 
-QStandardItem *item(const Node &node, const QStyle *style)
-{
-    // The style takes the icons from the desktop's theme, and has its own where there is none.
-    auto *row = new QStandardItem(
-        style->standardIcon(node.children ? QStyle::SP_DirIcon : QStyle::SP_FileIcon), node.name);
-    row->setData(node.id, IdRole);
-    if (node.children) {
+// Takes its icon when it is first drawn: most rows of a collapsed tree never are.
+class Row : public QStandardItem {
+public:
+    explicit Row(const Node &node)
+        : QStandardItem(node.name)
+        , m_isFolder(node.children.has_value())
+    {
+        setData(node.id, IdRole);
+        if (!m_isFolder)
+            return;
         for (const Node &child : *node.children)
-            row->appendRow(item(child, style));
+            appendRow(new Row(child));
     }
-    return row;
-}
+
+    QVariant data(int role) const override
+    {
+        if (role == Qt::DecorationRole)
+            return m_isFolder ? folderIcon() : documentIcon();
+        return QStandardItem::data(role);
+    }
+
+private:
+    bool m_isFolder;
+};
 
 QModelIndex find(const QAbstractItemModel *model, const QUuid &id)
 {
@@ -85,7 +97,7 @@ QWidget *Sidebar(const std::vector<Node> &roots, State<std::optional<QUuid>> &se
     auto *outline = new OutlineView;
     auto *model = new QStandardItemModel(outline);
     for (const Node &root : roots)
-        model->appendRow(item(root, outline->style()));
+        model->appendRow(new Row(root));
     outline->setModel(model);
 
     auto *rows = outline->selectionModel();

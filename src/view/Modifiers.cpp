@@ -29,7 +29,11 @@ private:
 
 QWidget *visibleWhen(std::function<bool()> condition, QWidget *widget)
 {
-    follow(widget, std::move(condition), [widget](bool visible) { widget->setVisible(visible); });
+    follow(widget, std::move(condition), [widget](bool visible) {
+        // Outside a window it would come up as a window of its own; its parent will show it.
+        if (!visible || widget->parentWidget())
+            widget->setVisible(visible);
+    });
     return widget;
 }
 
