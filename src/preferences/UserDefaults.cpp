@@ -37,6 +37,7 @@ UserDefaults &UserDefaults::standard()
 UserDefaults::UserDefaults(const QString &fileName)
     : m_settings(opened(fileName))
 {
+    m_settings->allKeys(); // sections are parsed, and found to be broken, only when they are looked at
     if (m_settings->status() == QSettings::FormatError) {
         m_settings.reset(); // before the move, so that nothing of the old content is kept in memory
         moveAside(fileName);

@@ -1,12 +1,11 @@
 #include "reading/TextLoading.h"
 
+#include "platform/Background.h"
 #include "platform/RegularFile.h"
 #include "preferences/PreferenceKeys.h"
 #include "preferences/UserDefaults.h"
 #include "reading/ReadingText.h"
 #include "reading/TextDecoding.h"
-
-#include <QtConcurrentRun>
 
 using namespace Qt::StringLiterals;
 
@@ -56,10 +55,11 @@ void TextLoading::load(const QString &path)
 {
     const int thisLoad = ++m_latestLoad;
     const int assignments = m_text.assignments();
-    QtConcurrent::run(readText, path).then(this, [this, thisLoad, assignments](const std::optional<QString> &read) {
+    const auto show = [this, thisLoad, assignments](const std::optional<QString> &read) {
         if (!read || thisLoad != m_latestLoad || assignments != m_text.assignments())
             return;
         m_text = *read;
         emit loaded();
-    });
+    };
+    inBackground(this, [path] { return readText(path); }, show);
 }

@@ -1,0 +1,187 @@
+#include "app/MainWindow.h"
+#include "app/SettingsWindow.h"
+#include "app/TarumineApp.h"
+#include "preferences/PreferenceKeys.h"
+#include "view/Frame.h"
+
+#include <QCheckBox>
+#include <QFileDialog>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QSlider>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+class AppTest : public QObject {
+    Q_OBJECT
+
+    static QAction *item(const QMainWindow &window, const QString &menu, const QString &title)
+    {
+        for (const QAction *heading : window.menuBar()->actions()) {
+            if (!heading->text().startsWith(menu))
+                continue;
+            for (QAction *action : heading->menu()->actions()) {
+                if (action->text().startsWith(title))
+                    return action;
+            }
+        }
+        qFatal("no such menu item: %s", qPrintable(title));
+    }
+
+    static QPushButton *button(const QWidget &window, const QString &title)
+    {
+        for (QPushButton *candidate : window.findChildren<QPushButton *>()) {
+            if (candidate->text() == title)
+                return candidate;
+        }
+        return nullptr;
+    }
+
+    static SettingsWindow *settingsWindow()
+    {
+        SettingsWindow *found = nullptr;
+        for (QWidget *widget : QApplication::topLevelWidgets()) {
+            if (auto *window = qobject_cast<SettingsWindow *>(widget))
+                found = found ? nullptr : window; // there is only ever one
+        }
+        return found;
+    }
+
+private slots:
+    void theMenusAreComplete()
+    {
+        TarumineApp app;
+        app.newWindow();
+        QStringList titles, help;
+        const QList<QAction *> menus = app.windows().front()->menuBar()->actions();
+        for (const QAction *menu : menus)
+            titles += menu->text();
+        for (const QAction *action : menus.last()->menu()->actions()) {
+            help += action->text();
+            QVERIFY(action->isEnabled());
+            QVERIFY(action->shortcut().isEmpty());
+        }
+        QCOMPARE(titles, QStringList({u"ファイル(&F)"_s, u"編集(&E)"_s, u"表示(&V)"_s, u"ウインドウ(&W)"_s,
+                                      u"ヘルプ(&H)"_s}));
+        QCOMPARE(help, QStringList({u"Tarumine ヘルプ…"_s, u"オンラインヘルプ…"_s,
+                                    u"添付マニュアルをお読みください"_s}));
+        item(*app.windows().front(), u"ヘルプ"_s, u"オンラインヘルプ"_s)->trigger(); // does nothing
+    }
+
+    void theContentKeepsItsBounds()
+    {
+        TarumineApp app;
+        app.newWindow();
+        MainWindow &window = *app.windows().front();
+        QWidget *content = window.centralWidget();
+        QCOMPARE(content->size(), QSize(999, 350));
+        window.resize(3000, 3000);
+        QCOMPARE(content->size(), QSize(1199, 650));
+        window.resize(1, 1);
+        QCOMPARE(content->size(), QSize(100, 100));
+        window.setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX); // forced larger, as a tiling desktop does
+        window.setGeometry(0, 0, 1800, 1000);
+        QVERIFY(content->findChild<QWidget *>()->width() <= 1199);
+    }
+
+    void windowsAreIndependent()
+    {
+        TarumineApp app;
+        app.newWindow();
+        item(*app.windows().front(), u"ファイル"_s, u"新規ウインドウ"_s)->trigger();
+        QCOMPARE(app.windows().size(), size_t(2));
+        MainWindow &first = *app.windows().front(), &second = *app.windows().back();
+        first.findChild<QSlider *>()->setValue(20);
+        QCOMPARE(second.findChild<QSlider *>()->value(), 4);
+        QVERIFY(first.windowTitle() != second.windowTitle());
+        item(first, u"ファイル"_s, u"ウインドウを閉じる"_s)->trigger();
+        QTRY_COMPARE(app.windows().size(), size_t(1));
+        QCOMPARE(app.windows().front().get(), &second);
+    }
+
+    void thereIsOneSettingsWindow()
+    {
+        TarumineApp app;
+        app.newWindow();
+        QAction *settings = item(*app.windows().front(), u"編集"_s, u"設定"_s);
+        QCOMPARE(settings->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_Comma));
+        settings->trigger();
+        QVERIFY(settingsWindow());
+        QCOMPARE(settingsWindow()->size(), QSize(200, 500));
+        settingsWindow()->resize(900, 900);
+        QCOMPARE(settingsWindow()->size(), QSize(200, 500));
+        settingsWindow()->resize(1, 1);
+        QCOMPARE(settingsWindow()->size(), QSize(100, 100));
+        settingsWindow()->close();
+        settings->trigger();
+        QVERIFY(settingsWindow() && settingsWindow()->isVisible());
+        QVERIFY(QTest::qWaitForWindowActive(settingsWindow()));
+        QTest::keyClick(settingsWindow(), Qt::Key_Escape);
+        QVERIFY(!settingsWindow()->isVisible());
+    }
+
+    void aToggleDecidesWhatTheNextPanelOffers()
+    {
+        TarumineApp app;
+        app.newWindow();
+        MainWindow &window = *app.windows().front();
+        app.showSettings();
+        for (const QString &type : {u"RTF"_s, u"TXT"_s}) {
+            settingsWindow()->findChild<QCheckBox *>()->click();
+            button(window, u"読込"_s)->click();
+            auto *dialog = window.findChild<QFileDialog *>();
+            QVERIFY(dialog->nameFilters().value(0).startsWith(type));
+            dialog->reject();
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        }
+    }
+
+    void aWindowCanBeClosedUnderAnOpenDialog_data()
+    {
+        QTest::addColumn<QString>("opener");
+        QTest::newRow("the open panel") << u"読込"_s;
+        QTest::newRow("the missing manual") << QString();
+    }
+    void aWindowCanBeClosedUnderAnOpenDialog()
+    {
+        QFETCH(QString, opener);
+        TarumineApp app;
+        app.newWindow();
+        app.newWindow();
+        MainWindow &window = *app.windows().front();
+        if (opener.isEmpty())
+            item(window, u"ヘルプ"_s, u"添付マニュアル"_s)->trigger();
+        else
+            button(window, opener)->click();
+        const auto dialogs = window.findChildren<QDialog *>();
+        QCOMPARE(dialogs.size(), 1);
+        QCOMPARE(dialogs.first()->windowModality(), Qt::WindowModal);
+        const QPointer<QDialog> dialog = dialogs.first();
+        window.close();
+        QTRY_COMPARE(app.windows().size(), size_t(1));
+        QVERIFY(!dialog);
+        QCoreApplication::processEvents();
+    }
+
+    void theWindowMenuListsTheWindows()
+    {
+        TarumineApp app;
+        app.newWindow();
+        app.newWindow();
+        const MainWindow &second = *app.windows().back();
+        QMenu *menu = second.menuBar()->actions().at(3)->menu();
+        for (int time = 0; time < 2; ++time)
+            emit menu->aboutToShow();
+        QStringList titles;
+        for (const QAction *action : menu->actions()) {
+            if (action->isCheckable())
+                titles += action->text() + (action->isChecked() ? u" ✓"_s : QString());
+        }
+        QCOMPARE(titles, QStringList({u"Tarumine"_s, u"Tarumine 2 ✓"_s}));
+    }
+};
+
+QTEST_MAIN(AppTest)
+#include "app_test.moc"

@@ -1,0 +1,193 @@
+#include "preferences/AppStorage.h"
+#include "preferences/PreferenceKeys.h"
+#include "preferences/UserDefaults.h"
+
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <csignal>
+#include <limits>
+
+#include <sys/wait.h>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+class PreferencesTest : public QObject {
+    Q_OBJECT
+
+    QTemporaryDir m_folder;
+    int m_files = 0;
+
+    QString newFile() { return m_folder.filePath(u"store-%1.conf"_s.arg(++m_files)); }
+
+    QString fileWith(const QByteArray &content)
+    {
+        const QString name = newFile();
+        QFile file(name);
+        if (!file.open(QFile::WriteOnly) || file.write(content) != content.size())
+            qFatal("can't write %s", qPrintable(name));
+        return name;
+    }
+
+private slots:
+    void integersAreReadFromWhateverIsStored_data()
+    {
+        QTest::addColumn<QByteArray>("line");
+        QTest::addColumn<qint64>("expected");
+
+        QTest::newRow("an absent key reads as 0") << QByteArray("BirdPX5=3") << qint64(0);
+        QTest::newRow("a number") << QByteArray("CatPX5=3") << qint64(3);
+        QTest::newRow("a negative number") << QByteArray("CatPX5=-4") << qint64(-4);
+        QTest::newRow("a string's leading number") << QByteArray("CatPX5=12 monkeys") << qint64(12);
+        QTest::newRow("a string without a number") << QByteArray("CatPX5=neko") << qint64(0);
+        QTest::newRow("an empty string") << QByteArray("CatPX5=") << qint64(0);
+        QTest::newRow("a fraction is cut off") << QByteArray("CatPX5=2.9") << qint64(2);
+        QTest::newRow("a list is no number") << QByteArray("CatPX5=3, 4") << qint64(0);
+        QTest::newRow("a binary value is no number") << QByteArray("CatPX5=@Rect(1 2 3 4)") << qint64(0);
+        QTest::newRow("Japanese digits are no number") << QByteArray("CatPX5=３") << qint64(0);
+        QTest::newRow("too large a number is the largest")
+            << QByteArray("CatPX5=99999999999999999999") << std::numeric_limits<qint64>::max();
+    }
+    void integersAreReadFromWhateverIsStored()
+    {
+        QFETCH(QByteArray, line);
+        const UserDefaults store(fileWith("[General]\n" + line + '\n'));
+        QTEST(store.integer(Key::CatPX5), "expected");
+    }
+
+    void valuesSurviveARestart()
+    {
+        const QString file = newFile();
+        const QString awkward = u" a=b;c, \"引用\"\n🚙\\x[General]%41 "_s;
+        {
+            UserDefaults store(file);
+            store.setInteger(3, Key::CatPX5);
+            store.setString(u"🛍"_s, Key::BagPX5);
+            store.setString(awkward, Key::StringKeyPX5);
+            store.setString(u""_s, Key::FirmPX5);
+        }
+        const UserDefaults store(file);
+        QCOMPARE(store.integer(Key::CatPX5), 3);
+        QCOMPARE(store.string(Key::BagPX5), u"🛍"_s);
+        QCOMPARE(store.string(Key::StringKeyPX5), awkward);
+        QCOMPARE(store.string(Key::FirmPX5), u""_s);
+        QCOMPARE(store.string(Key::CarPX5), std::nullopt);
+    }
+
+    void readingWritesNothing()
+    {
+        const QString file = newFile();
+        {
+            UserDefaults store(file);
+            AppStorage<qint64> toggle(Key::IntKeyToggle1, store);
+            AppStorage<QString> string(Key::StringKeyPX5, store, u"fallback"_s);
+            QCOMPARE(toggle.value(), 0);
+            QCOMPARE(string.value(), u"fallback"_s);
+        }
+        QVERIFY(!QFile::exists(file));
+    }
+
+    void aValueIsOnDiskWhenItsSetterReturns()
+    {
+        const QString file = newFile();
+        for (int value = 1; value <= 200; ++value) {
+            const pid_t child = fork();
+            QVERIFY(child >= 0);
+            if (child == 0) {
+                UserDefaults(file).setInteger(value, Key::CatPX5);
+                raise(SIGKILL);
+            }
+            waitpid(child, nullptr, 0);
+            QCOMPARE(UserDefaults(file).integer(Key::CatPX5), value);
+        }
+    }
+
+    void aKilledWriterLeavesTheOldValueOrTheNew()
+    {
+        const QString file = newFile();
+        UserDefaults(file).setString(QString(5000, u'0'), Key::FirmPX5);
+        for (int round = 0; round < 40; ++round) {
+            const pid_t child = fork();
+            QVERIFY(child >= 0);
+            if (child == 0) {
+                UserDefaults store(file);
+                for (char16_t digit = u'1';; digit = digit == u'9' ? u'1' : digit + 1)
+                    store.setString(QString(5000, QChar(digit)), Key::FirmPX5);
+            }
+            QTest::qSleep(1 + round % 7);
+            kill(child, SIGKILL);
+            waitpid(child, nullptr, 0);
+            const QString read = UserDefaults(file).string(Key::FirmPX5).value_or(QString());
+            QCOMPARE(read.size(), 5000);
+            QCOMPARE(read.count(read.front()), 5000);
+        }
+        const QStringList left = m_folder.isValid() ? QDir(m_folder.path()).entryList({u"*unreadable*"_s}) : QStringList();
+        QCOMPARE(left, QStringList());
+    }
+
+    void anUnreadableStoreIsKeptAsideAndReplaced_data()
+    {
+        QTest::addColumn<QByteArray>("content");
+        QTest::newRow("not lines of keys and values") << QByteArray("<xml>\nCatPX5\n</xml>\n");
+        QTest::newRow("binary") << QByteArray::fromHex("7f454c46020101000a0b00ff00fe0a00001b");
+        QTest::newRow("cut off in the middle") << QByteArray("[General]\nBirdPX5=3\nCat");
+    }
+    void anUnreadableStoreIsKeptAsideAndReplaced()
+    {
+        QFETCH(QByteArray, content);
+        const QString file = fileWith(content);
+        {
+            UserDefaults store(file);
+            QCOMPARE(store.integer(Key::BirdPX5), 0);
+            store.setInteger(3, Key::CatPX5);
+        }
+        QCOMPARE(UserDefaults(file).integer(Key::CatPX5), 3);
+
+        const QString pattern = QFileInfo(file).fileName() + u".unreadable-*"_s;
+        const QStringList kept = QDir(m_folder.path()).entryList({pattern});
+        QCOMPARE(kept.size(), 1);
+        QFile copy(m_folder.filePath(kept.first()));
+        QVERIFY(copy.open(QFile::ReadOnly));
+        QCOMPARE(copy.readAll(), content);
+    }
+
+    void aStoreThatCannotBeWrittenWorksForTheRun_data()
+    {
+        QTest::addColumn<QString>("file");
+        QTest::newRow("a file stands where the folder should be") << fileWith("x") + u"/tarumine/Tarumine.conf"_s;
+        QTest::newRow("no such home, and none can be made") << u"/proc/nowhere/.config/Tarumine.conf"_s;
+        const QString folder = newFile();
+        QDir().mkpath(folder);
+        QTest::newRow("a folder stands where the file should be") << folder;
+    }
+    void aStoreThatCannotBeWrittenWorksForTheRun()
+    {
+        QFETCH(QString, file);
+        UserDefaults store(file);
+        AppStorage<qint64> cat(Key::CatPX5, store);
+        cat = 3;
+        QCOMPARE(cat.value(), 3);
+        QCOMPARE(store.integer(Key::CatPX5), 3);
+    }
+
+    void everyFieldOnAKeyFollowsIt()
+    {
+        const QString file = newFile();
+        UserDefaults store(file);
+        AppStorage<qint64> one(Key::IntKeyToggle1, store), other(Key::IntKeyToggle1, store);
+        AppStorage<qint64> unrelated(Key::IntKeyToggle2, store);
+        one = 1;
+        QCOMPARE(other.value(), 1);
+        QCOMPARE(unrelated.value(), 0);
+
+        // What another process wrote is taken over at the next write of ours, and not lost by it.
+        UserDefaults(file).setInteger(5, Key::IntKeyToggle2);
+        one = 0;
+        QCOMPARE(unrelated.value(), 5);
+        QCOMPARE(UserDefaults(file).integer(Key::IntKeyToggle2), 5);
+    }
+};
+
+QTEST_GUILESS_MAIN(PreferencesTest)
+#include "preferences_test.moc"

@@ -1,0 +1,347 @@
+#include "platform/OpenPanel.h"
+#include "preferences/PreferenceKeys.h"
+#include "preferences/UserDefaults.h"
+#include "reading/FontSize.h"
+#include "reading/OpeningMessage.h"
+#include "reading/ReadingControls.h"
+#include "reading/ReadingText.h"
+#include "reading/TextLoading.h"
+#include "reading/TextPane.h"
+
+#include <QFileDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMimeData>
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QSlider>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QThreadPool>
+
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// A panel that answers what the test says.
+class ScriptedPanel : public OpenPanel {
+public:
+    void runModal(std::function<void(ModalResponse)> ended) override { answer = std::move(ended); }
+    std::optional<QUrl> url() const override { return picked; }
+    QStringList types() const { return m_allowedFileTypes; }
+    bool picksOneFileOnly() const
+    {
+        return !m_allowsMultipleSelection && !m_canChooseDirectories && m_canChooseFiles;
+    }
+
+    std::function<void(ModalResponse)> answer;
+    std::optional<QUrl> picked;
+};
+
+class Pane : public TextPane {
+public:
+    using TextPane::canInsertFromMimeData;
+    using TextPane::insertFromMimeData;
+    using TextPane::TextPane;
+};
+
+} // namespace
+
+class ReadingTest : public QObject {
+    Q_OBJECT
+
+    QTemporaryDir m_folder;
+    UserDefaults m_store {m_folder.filePath(u"Tarumine.conf"_s)};
+    ScriptedPanel m_panel;
+    ReadingText m_text;
+    State<qint64> m_sp1, m_sp2;
+    TextLoading m_loading {m_text, m_sp1, m_sp2, m_store, [this](QWidget *) { return &m_panel; }};
+
+    QString write(const QString &name, const QByteArray &content)
+    {
+        QFile file(m_folder.filePath(name));
+        if (!file.open(QFile::WriteOnly) || file.write(content) != content.size())
+            qFatal("can't write %s", qPrintable(name));
+        return file.fileName();
+    }
+
+    void pick(const QString &path)
+    {
+        m_loading.openText(nullptr);
+        m_panel.picked = QUrl::fromLocalFile(path);
+        m_panel.answer(ModalResponse::OK);
+    }
+
+    static void finishReading()
+    {
+        QThreadPool::globalInstance()->waitForDone();
+        QCoreApplication::processEvents();
+    }
+
+private slots:
+    void theOpeningMessageIsByteForByte()
+    {
+        QCOMPARE(openingMessage().size(), 133);
+        QCOMPARE(openingMessage().toUtf8().size(), 377);
+        QVERIFY(openingMessage().contains(u"コピー＆ペースト"));
+        QVERIFY(openingMessage().endsWith(u"簡易PDF出力（仮）が可能です。"));
+    }
+
+    void theTextIsWhatWasAssigned_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::newRow("nothing") << QString(u""_s);
+        QTest::newRow("several lines") << u"一\n\n三\n"_s;
+        QTest::newRow("no-break and ideographic spaces") << u"a\u00a0b　c\u3000"_s;
+        QTest::newRow("every kind of line end") << u"a\r\nb\rc\nd\u0085e\u2028f\u2029g\vh\fi"_s;
+        QTest::newRow("no characters at all") << u"\ufdd0\ufdd1\ufffe\ufffc"_s;
+        QTest::newRow("a zero and a byte order mark") << QString(u"a"_s + QChar(0) + u"\ufeffb"_s);
+        QTest::newRow("emoji and half a pair") << u"🐱👨‍👩‍👧"_s + QChar(0xd83d);
+    }
+    void theTextIsWhatWasAssigned()
+    {
+        QFETCH(QString, text);
+        ReadingText reading;
+        reading = text;
+        QCOMPARE(reading.value(), text);
+    }
+
+    void anEditIsTheTextAtOnce()
+    {
+        ReadingText text;
+        const State<double> size {14};
+        TextPane pane(text, size);
+        text = u"一\r\n二"_s;
+        QTest::keyClick(&pane, Qt::Key_End, Qt::ControlModifier);
+        QTest::keyClicks(&pane, u"abc"_s);
+        QCOMPARE(text.value(), u"一\n二abc"_s);
+        pane.undo();
+        QCOMPARE(text.value(), u"一\n二"_s);
+    }
+
+    void anAssignmentShowsFromItsBeginning()
+    {
+        ReadingText text;
+        const State<double> size {14};
+        TextPane pane(text, size);
+        pane.resize(300, 200);
+        pane.show();
+        text = u"行\n"_s.repeated(500);
+        pane.moveCursor(QTextCursor::End);
+        QVERIFY(pane.verticalScrollBar()->value() > 0);
+        text = u"行\n"_s.repeated(400);
+        QCOMPARE(pane.verticalScrollBar()->value(), 0);
+        QCOMPARE(pane.textCursor().position(), 0);
+    }
+
+    void onlyPlainTextIsPasted()
+    {
+        ReadingText text;
+        const State<double> size {14};
+        Pane pane(text, size);
+        const QMimeData empty;
+        pane.insertFromMimeData(nullptr);
+        pane.insertFromMimeData(&empty);
+        QVERIFY(!pane.canInsertFromMimeData(nullptr));
+        QCOMPARE(text.value(), QString(u""_s));
+        QMimeData rich;
+        rich.setHtml(u"<b>太い</b>"_s);
+        rich.setText(u"太い"_s);
+        pane.insertFromMimeData(&rich);
+        QCOMPARE(text.value(), u"太い"_s);
+        QCOMPARE(pane.textCursor().charFormat().fontWeight(), int(QFont::Normal));
+    }
+
+    void tabLeavesThePane()
+    {
+        ReadingText text;
+        const State<double> size {14};
+        QWidget window;
+        QLineEdit next(&window);
+        TextPane pane(text, size);
+        pane.setParent(&window);
+        window.show();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        pane.setFocus();
+        QTest::keyClick(&pane, Qt::Key_Tab);
+        QCOMPARE(text.value(), QString(u""_s));
+        QVERIFY(next.hasFocus());
+        QTest::keyClick(&pane, Qt::Key_Tab, Qt::ControlModifier);
+        QCOMPARE(text.value(), u"\t"_s);
+    }
+
+    void theSliderScalesLabelAndPane()
+    {
+        State<double> size {FontSize::initial};
+        ReadingText text;
+        const TextPane pane(text, size);
+        const std::unique_ptr<QWidget> row(ReadingControls(size, {}, new QWidget));
+        const auto *label = row->findChildren<QLabel *>().at(1);
+        QCOMPARE(label->text(), u"14 pt"_s);
+        QCOMPARE(pane.font().pointSizeF(), 14.0);
+        QTest::keyClick(row->findChild<QSlider *>(), Qt::Key_Right);
+        QCOMPARE(label->text(), u"15 pt"_s);
+        QCOMPARE(pane.font().pointSizeF(), 15.0);
+    }
+
+    void onlyWholeSizesWithinBoundsAreAllowed_data()
+    {
+        QTest::addColumn<double>("asked");
+        QTest::addColumn<double>("given");
+        QTest::newRow("below") << 9.0 << 10.0;
+        QTest::newRow("far below") << -1e300 << 10.0;
+        QTest::newRow("the smallest") << 10.0 << 10.0;
+        QTest::newRow("a fraction") << 14.4 << 14.0;
+        QTest::newRow("the largest") << 40.0 << 40.0;
+        QTest::newRow("above") << 41.0 << 40.0;
+    }
+    void onlyWholeSizesWithinBoundsAreAllowed()
+    {
+        QFETCH(double, asked);
+        QTEST(FontSize::allowed(asked), "given");
+    }
+
+    void theFirstToggleChoosesTheFileType_data()
+    {
+        QTest::addColumn<qint64>("stored");
+        QTest::addColumn<QString>("type");
+        QTest::newRow("0 offers text") << qint64(0) << u"txt"_s;
+        QTest::newRow("1 offers RTF") << qint64(1) << u"rtf"_s;
+        QTest::newRow("any other number offers RTF") << qint64(2) << u"rtf"_s;
+        QTest::newRow("a negative one too") << qint64(-1) << u"rtf"_s;
+    }
+    void theFirstToggleChoosesTheFileType()
+    {
+        QFETCH(qint64, stored);
+        m_store.setInteger(stored, Key::IntKeyToggle1);
+        m_store.setInteger(7, Key::IntKeyToggle2);
+        m_text = u"前"_s;
+        m_loading.openText(nullptr);
+        QFETCH(QString, type);
+        QCOMPARE(m_panel.types(), QStringList(type));
+        QVERIFY(m_panel.picksOneFileOnly());
+        m_panel.answer(ModalResponse::Cancel);
+        finishReading();
+        QCOMPARE(m_sp1.value(), stored); // read also when nothing is picked then
+        QCOMPARE(m_sp2.value(), 7);
+        QCOMPARE(m_text.value(), u"前"_s);
+        m_store.setInteger(0, Key::IntKeyToggle1);
+    }
+
+    void aPickedFileBecomesTheText()
+    {
+        QSignalSpy loaded(&m_loading, &TextLoading::loaded);
+        pick(write(u"日本語 '$;&.txt"_s, "桜の樹の下には\r\n🐱"));
+        finishReading();
+        QCOMPARE(m_text.value(), u"桜の樹の下には\r\n🐱"_s);
+        QCOMPARE(loaded.size(), 1);
+        pick(write(u"a.rtf"_s, "{\\rtf1\\ansi \\b bold\\b0}"));
+        finishReading();
+        QCOMPARE(m_text.value(), u"{\\rtf1\\ansi \\b bold\\b0}"_s); // the source, not what it describes
+        pick(write(u"empty.txt"_s, ""));
+        finishReading();
+        QCOMPARE(m_text.value(), QString(u""_s));
+    }
+
+    void whatCannotBeReadChangesNothing_data()
+    {
+        QTest::addColumn<QString>("path");
+        QTest::newRow("no UTF-8") << write(u"latin1.txt"_s, "caf\xe9 au lait");
+        QTest::newRow("a folder") << m_folder.path();
+        QTest::newRow("a device") << u"/dev/zero"_s;
+        QTest::newRow("a file that is gone") << m_folder.filePath(u"gone.txt"_s);
+        QTest::newRow("no local file") << QString();
+    }
+    void whatCannotBeReadChangesNothing()
+    {
+        QFETCH(QString, path);
+        m_text = u"前"_s;
+        pick(path);
+        finishReading();
+        QCOMPARE(m_text.value(), u"前"_s);
+    }
+
+    void okWithoutAFileChangesNothing()
+    {
+        m_text = u"前"_s;
+        m_loading.openText(nullptr);
+        m_panel.picked = std::nullopt;
+        m_panel.answer(ModalResponse::OK);
+        finishReading();
+        QCOMPARE(m_text.value(), u"前"_s);
+    }
+
+    void theLastAssignmentWins()
+    {
+        const QString slow = write(u"slow.txt"_s, QByteArray(5 << 20, 'a'));
+        const QString quick = write(u"quick.txt"_s, "速い");
+        pick(slow);
+        pick(quick);
+        finishReading();
+        QCOMPARE(m_text.value(), u"速い"_s);
+
+        pick(slow);
+        m_text = u"動作中"_s; // put there after the file was picked
+        finishReading();
+        QCOMPARE(m_text.value(), u"動作中"_s);
+    }
+
+    void aLoadWhoseWindowIsGoneEndsQuietly()
+    {
+        auto text = std::make_unique<ReadingText>();
+        auto loading = std::make_unique<TextLoading>(*text, m_sp1, m_sp2, m_store,
+                                                     [this](QWidget *) { return &m_panel; });
+        loading->openText(nullptr);
+        m_panel.picked = QUrl::fromLocalFile(write(u"b.txt"_s, QByteArray(1 << 20, 'b')));
+        m_panel.answer(ModalResponse::OK);
+        loading.reset();
+        text.reset();
+        finishReading();
+    }
+
+    // The toolkit's dialog is driven as a person would: by a name typed by hand.
+    void aNameTypedByHandIsCheckedToo_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<bool>("accepted");
+        QTest::newRow("the type that is offered") << u"a.txt"_s << true;
+        QTest::newRow("in another letter case") << u"b.TXT"_s << true;
+        QTest::newRow("another type") << u"c.rtf"_s << false;
+        QTest::newRow("no extension") << u"txt"_s << false;
+        QTest::newRow("a folder") << u"folder.txt"_s << false;
+    }
+    void aNameTypedByHandIsCheckedToo()
+    {
+        QFETCH(QString, name);
+        QFETCH(bool, accepted);
+        for (const QString &file : {u"a.txt"_s, u"b.TXT"_s, u"c.rtf"_s, u"txt"_s})
+            write(file, "中身");
+        QDir(m_folder.path()).mkdir(u"folder.txt"_s);
+
+        QWidget window;
+        window.show();
+        OpenPanel *panel = newOpenPanel(&window);
+        panel->setAllowedFileTypes({u"txt"_s});
+        bool ended = false;
+        std::optional<QUrl> url;
+        panel->runModal([&](ModalResponse response) {
+            ended = true;
+            url = response == ModalResponse::OK ? panel->url() : std::nullopt;
+        });
+        auto *dialog = window.findChild<QFileDialog *>();
+        QCOMPARE(dialog->windowModality(), Qt::WindowModal);
+        dialog->setDirectory(m_folder.path());
+        dialog->selectFile(m_folder.filePath(name));
+        QMetaObject::invokeMethod(dialog, "accept");
+        if (!ended)
+            dialog->reject();
+        QVERIFY(ended);
+        QCOMPARE(url.has_value(), accepted);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QVERIFY(!window.findChild<QFileDialog *>());
+    }
+};
+
+QTEST_MAIN(ReadingTest)
+#include "reading_test.moc"

@@ -1,0 +1,91 @@
+#include "preferences/PreferenceKeys.h"
+#include "settings/SettingsView.h"
+#include "view/Frame.h"
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+class SettingsTest : public QObject {
+    Q_OBJECT
+
+    QTemporaryDir m_folder;
+    UserDefaults m_store {m_folder.filePath(u"Tarumine.conf"_s)};
+
+    static QList<QCheckBox *> boxes(const Frame &view) { return view.findChildren<QCheckBox *>(); }
+
+private slots:
+    void theTermsStandInTheirOrder()
+    {
+        SettingsView settings(m_store);
+        const std::unique_ptr<Frame> view(settings.body());
+        QCOMPARE(view->findChild<QLabel *>()->text(), u"気になる用語(順不同)"_s);
+        QStringList labels;
+        for (const QCheckBox *box : boxes(*view)) {
+            labels += box->text();
+            QCOMPARE(box->accessibleName(), box->text());
+            QVERIFY(!box->isChecked());
+        }
+        QCOMPARE(labels, QStringList({u"アニメ"_s, u"映画"_s, u"エージェント"_s, u"チャット型"_s, u"自律型"_s,
+                                      u"座席"_s, u"磁気"_s, u"ブランド"_s, u"アクセス権"_s}));
+        QVERIFY(!QFile::exists(m_store.fileName()));
+    }
+
+    void eachTermHasItsOwnKey()
+    {
+        const QList<QLatin1StringView> keys {
+            Key::IntKeyToggle1, Key::IntKeyToggle2, Key::IntKeyToggle3, Key::IntKeyToggle4, Key::IntKeyToggle5,
+            Key::IntKeyToggle6, Key::IntKeyToggle7, Key::IntKeyToggle8, Key::IntKeyToggle9};
+        SettingsView settings(m_store);
+        const std::unique_ptr<Frame> view(settings.body());
+        for (int on = 0; on < keys.size(); ++on) {
+            boxes(*view)[on]->click();
+            for (int key = 0; key < keys.size(); ++key)
+                QCOMPARE(m_store.integer(keys[key]), key == on ? 1 : 0);
+            boxes(*view)[on]->click();
+            QCOMPARE(m_store.string(keys[on]), u"0"_s);
+        }
+    }
+
+    void onlyOneIsOn_data()
+    {
+        QTest::addColumn<qint64>("stored");
+        QTest::addColumn<bool>("on");
+        QTest::newRow("1 is on") << qint64(1) << true;
+        QTest::newRow("0 is off") << qint64(0) << false;
+        QTest::newRow("2 is off, and the first click stores 1") << qint64(2) << false;
+        QTest::newRow("-1 is off, and the first click stores 1") << qint64(-1) << false;
+    }
+    void onlyOneIsOn()
+    {
+        QFETCH(qint64, stored);
+        QFETCH(bool, on);
+        m_store.setInteger(stored, Key::IntKeyToggle4);
+        SettingsView settings(m_store);
+        const std::unique_ptr<Frame> view(settings.body());
+        QCheckBox *box = boxes(*view)[3];
+        QCOMPARE(box->isChecked(), on);
+        QCOMPARE(m_store.integer(Key::IntKeyToggle4), stored); // showing it changes nothing
+        box->click();
+        QCOMPARE(m_store.integer(Key::IntKeyToggle4), on ? 0 : 1);
+        box->click();
+        QCOMPARE(m_store.integer(Key::IntKeyToggle4), on ? 1 : 0);
+    }
+
+    void openViewsFollowEachOther()
+    {
+        SettingsView one(m_store), other(m_store);
+        const std::unique_ptr<Frame> here(one.body()), there(other.body());
+        m_store.setInteger(0, Key::IntKeyToggle9);
+        boxes(*here)[8]->click();
+        QVERIFY(boxes(*there)[8]->isChecked());
+        boxes(*there)[8]->click();
+        QVERIFY(!boxes(*here)[8]->isChecked());
+    }
+};
+
+QTEST_MAIN(SettingsTest)
+#include "settings_test.moc"

@@ -1,0 +1,169 @@
+#include "tree/Node.h"
+#include "tree/Sidebar.h"
+
+#include <QAbstractItemModelTester>
+#include <QInputMethodEvent>
+#include <QSet>
+#include <QTest>
+#include <QTreeView>
+
+using namespace Qt::StringLiterals;
+
+class TreeTest : public QObject {
+    Q_OBJECT
+
+    static QString outline(const std::vector<Node> &nodes, const QString &indent = {})
+    {
+        QString lines;
+        for (const Node &node : nodes) {
+            lines += indent + node.name + (node.children ? u"/\n"_s : u"\n"_s);
+            if (node.children)
+                lines += outline(*node.children, indent + u"  "_s);
+        }
+        return lines;
+    }
+
+    static void collectIds(const std::vector<Node> &nodes, QList<QUuid> &ids)
+    {
+        for (const Node &node : nodes) {
+            ids += node.id;
+            if (node.children)
+                collectIds(*node.children, ids);
+        }
+    }
+
+    // A sidebar on screen, and the state that it shows.
+    struct Shown {
+        State<std::optional<QUuid>> selection;
+        std::unique_ptr<QTreeView> view {qobject_cast<QTreeView *>(Sidebar(sampleData(), selection))};
+
+        Shown()
+        {
+            view->resize(200, 300);
+            view->show();
+        }
+        QModelIndex row(std::initializer_list<int> path) const
+        {
+            QModelIndex index;
+            for (const int step : path)
+                index = view->model()->index(step, 0, index);
+            return index;
+        }
+        void click(const QModelIndex &index, Qt::KeyboardModifiers modifiers = {}) const
+        {
+            const QPoint place = index.isValid() ? view->visualRect(index).center() : QPoint(100, 280);
+            QTest::mouseClick(view->viewport(), Qt::LeftButton, modifiers, place);
+        }
+    };
+
+private slots:
+    void theSampleTreeIsAsDocumented()
+    {
+        QCOMPARE(outline(sampleData()), uR"(フォルダA/
+  ファイルA1
+  ファイルA2
+フォルダB/
+  サブフォルダB1/
+    ファイルB1-1
+)"_s);
+        QList<QUuid> ids;
+        collectIds(sampleData(), ids);
+        QCOMPARE(QSet<QUuid>(ids.begin(), ids.end()).size(), 6);
+        QVERIFY(Node(u"同じ"_s).id != Node(u"同じ"_s).id);
+    }
+
+    void theSidebarShowsTheTreeCollapsed()
+    {
+        const Shown sidebar;
+        const QAbstractItemModelTester tester(sidebar.view->model());
+        QCOMPARE(sidebar.view->model()->rowCount(), 2);
+        QVERIFY(!sidebar.view->isExpanded(sidebar.row({0})));
+        QVERIFY(!sidebar.view->isExpanded(sidebar.row({1})));
+        QVERIFY(!sidebar.view->selectionModel()->hasSelection());
+        QCOMPARE(sidebar.row({1, 0, 0}).data().toString(), u"ファイルB1-1"_s);
+    }
+
+    void foldersAndFilesHaveDifferentIcons()
+    {
+        const Shown sidebar;
+        const auto picture = [&](std::initializer_list<int> path) {
+            return sidebar.row(path).data(Qt::DecorationRole).value<QIcon>().pixmap(16).toImage();
+        };
+        QVERIFY(!picture({0}).isNull());
+        QCOMPARE(picture({0}), picture({1, 0}));
+        QVERIFY(picture({0}) != picture({0, 0}));
+    }
+
+    void choosingARowSelectsItsNodeAlone()
+    {
+        const Shown sidebar;
+        sidebar.view->expandAll();
+        sidebar.click(sidebar.row({0, 1}));
+        QCOMPARE(sidebar.selection.value(), sampleData()[0].children->at(1).id);
+        sidebar.click(sidebar.row({0}));
+        QCOMPARE(sidebar.selection.value(), sampleData()[0].id);
+        QCOMPARE(sidebar.view->selectionModel()->selectedIndexes().size(), 1);
+    }
+
+    void theHighlightFollowsTheSelection()
+    {
+        Shown sidebar;
+        const QUuid deep = sampleData()[1].children->at(0).children->at(0).id;
+        sidebar.selection = deep;
+        QCOMPARE(sidebar.view->currentIndex(), sidebar.row({1, 0, 0}));
+        QVERIFY(sidebar.view->selectionModel()->isSelected(sidebar.row({1, 0, 0})));
+        sidebar.selection = std::nullopt;
+        QVERIFY(!sidebar.view->selectionModel()->hasSelection());
+        QCOMPARE(sidebar.selection.value(), std::nullopt);
+    }
+
+    void theSelectionCanBeCleared_data()
+    {
+        QTest::addColumn<int>("way");
+        QTest::newRow("by a click on empty space") << 0;
+        QTest::newRow("by Ctrl+click on the selected row") << 1;
+        QTest::newRow("by Escape") << 2;
+    }
+    void theSelectionCanBeCleared()
+    {
+        QFETCH(int, way);
+        const Shown sidebar;
+        sidebar.click(sidebar.row({0}));
+        QVERIFY(sidebar.selection.value());
+        switch (way) {
+        case 0: sidebar.click({}); break;
+        case 1: sidebar.click(sidebar.row({0}), Qt::ControlModifier); break;
+        case 2: QTest::keyClick(sidebar.view.get(), Qt::Key_Escape); break;
+        }
+        QCOMPARE(sidebar.selection.value(), std::nullopt);
+        QVERIFY(!sidebar.view->selectionModel()->hasSelection());
+    }
+
+    void rowsAreReachedWithTheKeyboard()
+    {
+        const Shown sidebar;
+        sidebar.view->setCurrentIndex(sidebar.row({0}));
+        QTest::keyClick(sidebar.view.get(), Qt::Key_Right);
+        QTest::keyClick(sidebar.view.get(), Qt::Key_Down);
+        QCOMPARE(sidebar.selection.value(), sampleData()[0].children->at(0).id);
+        QTest::keyClick(sidebar.view.get(), Qt::Key_Left);
+        QTest::keyClick(sidebar.view.get(), Qt::Key_Left);
+        QVERIFY(!sidebar.view->isExpanded(sidebar.row({0})));
+    }
+
+    // Kana come from an input method, not as key presses.
+    void typingANameFindsItsRow()
+    {
+        const Shown sidebar;
+        sidebar.view->expandAll();
+        sidebar.view->setCurrentIndex(sidebar.row({0}));
+        QVERIFY(sidebar.view->testAttribute(Qt::WA_InputMethodEnabled));
+        QInputMethodEvent typed;
+        typed.setCommitString(u"サブ"_s);
+        QCoreApplication::sendEvent(sidebar.view.get(), &typed);
+        QCOMPARE(sidebar.selection.value(), sampleData()[1].children->at(0).id);
+    }
+};
+
+QTEST_MAIN(TreeTest)
+#include "tree_test.moc"

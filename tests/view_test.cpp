@@ -1,0 +1,190 @@
+#include "view/Controls.h"
+#include "view/Frame.h"
+#include "view/Modifiers.h"
+#include "view/Stacks.h"
+#include "view/State.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QSlider>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+using Widget = std::unique_ptr<QWidget>;
+
+class ViewTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void aTextFollowsEveryStateThatItReads()
+    {
+        State<int> count {1};
+        State<QString> unit {u"羽"_s};
+        const Widget text(Text([&] { return u"%1 %2"_s.arg(count).arg(unit); }));
+        const auto *label = qobject_cast<QLabel *>(text.get());
+        QCOMPARE(label->text(), u"1 羽"_s);
+        count = 2;
+        unit = u"匹"_s;
+        QCOMPARE(label->text(), u"2 匹"_s);
+    }
+
+    void aWidgetThatIsGoneFollowsNothing()
+    {
+        State<int> state {0};
+        int shown = 0;
+        auto *widget = new QWidget;
+        follow(widget, [&] { return state.value(); }, [&](int) { ++shown; });
+        QCOMPARE(shown, 1);
+        state = 1;
+        state = 1; // equal: nobody is told
+        QCOMPARE(shown, 2);
+        delete widget;
+        state = 2;
+        QCOMPARE(shown, 2);
+    }
+
+    void dataIsShownVerbatim()
+    {
+        const QString data = u"<b>太郎 & 花子</b> &amp;"_s;
+        const Widget text(Text(data));
+        QCOMPARE(qobject_cast<QLabel *>(text.get())->textFormat(), Qt::PlainText);
+        const Widget button(Button(u"A & B"_s, [] {}));
+        QVERIFY(qobject_cast<QPushButton *>(button.get())->shortcut().isEmpty());
+        QCOMPARE(button->accessibleName(), u"A & B"_s);
+        State<bool> on;
+        const Widget toggle(Toggle(u"A & B"_s, on));
+        QVERIFY(qobject_cast<QCheckBox *>(toggle.get())->shortcut().isEmpty());
+    }
+
+    void aSliderTakesWholeStepsWithinItsRange()
+    {
+        State<double> size {14};
+        const Widget row(Slider(u"Font Size"_s, size, {.from = 10, .to = 40, .step = 1}));
+        auto *slider = row->findChild<QSlider *>();
+        QCOMPARE(slider->value(), 4);
+        QTest::keyClick(slider, Qt::Key_Right);
+        QCOMPARE(size.value(), 15.0);
+        QTest::keyClick(slider, Qt::Key_End);
+        QTest::keyClick(slider, Qt::Key_Right);
+        QCOMPARE(size.value(), 40.0);
+        QTest::keyClick(slider, Qt::Key_Home);
+        QTest::keyClick(slider, Qt::Key_Left);
+        QCOMPARE(size.value(), 10.0);
+        size = 33;
+        QCOMPARE(slider->value(), 23);
+
+        auto *title = row->findChild<QLabel *>();
+        QCOMPARE(title->text(), u"Font Size"_s);
+        QCOMPARE(title->buddy(), slider);
+        QCOMPARE(slider->accessibleName(), u"Font Size"_s);
+    }
+
+    void aPickerShowsItsRowsAndChoice()
+    {
+        State<QStringList> rows {{u"Arc"_s, u"Safari"_s}};
+        State<QString> choice {u"Safari"_s};
+        const Widget picker(Picker(u"選択"_s, choice, [&] { return rows.value(); }));
+        auto *list = picker->findChild<QComboBox *>();
+        QCOMPARE(list->currentText(), u"Safari"_s);
+        QTest::keyClick(list, Qt::Key_Up);
+        QCOMPARE(choice.value(), u"Arc"_s);
+        rows = QStringList {u"Opera"_s, u"Arc"_s};
+        QCOMPARE(list->currentIndex(), 1);
+        QCOMPARE(choice.value(), u"Arc"_s); // new rows are no choice of the user's
+        choice = u"gone"_s;
+        QCOMPARE(list->currentIndex(), -1);
+    }
+
+    void whatIsHiddenTakesNoRoom()
+    {
+        State<bool> shown {false};
+        QWidget *first = Text(u"一"_s);
+        QWidget *second = visibleWhen([&] { return shown.value(); }, Text(u"二"_s));
+        const Widget stack(VStack({first, second}));
+        stack->show();
+        const int alone = stack->sizeHint().height();
+        shown = true;
+        QVERIFY(second->isVisible());
+        QVERIFY(stack->sizeHint().height() > alone);
+        shown = false;
+        QCOMPARE(stack->sizeHint().height(), alone);
+    }
+
+    // A widget that was shown on its own would flash up as a window.
+    void whatIsShownBecomesNoWindow()
+    {
+        State<bool> shown {true};
+        const Widget text(visibleWhen([&] { return shown.value(); }, Text(u"一"_s)));
+        QVERIFY(!text->isVisible());
+    }
+
+    void appearingIsComingOnScreenAnew()
+    {
+        int appeared = 0;
+        QWidget *text = onAppear([&] { ++appeared; }, Text(u"一"_s));
+        const Widget window(VStack({text}));
+        QCOMPARE(appeared, 0);
+        window->show();
+        QCOMPARE(appeared, 1);
+        window->showMinimized();
+        QCoreApplication::processEvents();
+        window->showNormal();
+        QCoreApplication::processEvents();
+        QCOMPARE(appeared, 1);
+        window->hide();
+        window->show();
+        QCOMPARE(appeared, 2);
+    }
+
+    void aFrameKeepsItsContentWithinBounds_data()
+    {
+        QTest::addColumn<QSize>("frame");
+        QTest::addColumn<QRect>("content");
+        QTest::newRow("the ideal size") << QSize(999, 350) << QRect(0, 0, 999, 350);
+        QTest::newRow("the largest") << QSize(1199, 650) << QRect(0, 0, 1199, 650);
+        QTest::newRow("the smallest") << QSize(100, 100) << QRect(0, 0, 100, 100);
+        QTest::newRow("forced wider, the content is centred") << QSize(1399, 350) << QRect(100, 0, 1199, 350);
+        QTest::newRow("forced larger both ways") << QSize(1919, 1080) << QRect(360, 215, 1199, 650);
+    }
+    void aFrameKeepsItsContentWithinBounds()
+    {
+        QFETCH(QSize, frame);
+        auto *content = new QWidget;
+        const Frame outer(content, {.minimum = {100, 100}, .ideal = {999, 350}, .maximum = {1199, 650}});
+        const_cast<Frame &>(outer).resize(frame);
+        const_cast<Frame &>(outer).show();
+        QTEST(content->geometry(), "content");
+    }
+
+    void aWrappingRowNeverOverlaps()
+    {
+        QList<QWidget *> children;
+        for (const int width : {120, 80, 200, 40, 40}) {
+            auto *child = new QWidget;
+            child->setFixedSize(width, 20 + width / 10);
+            children += child;
+        }
+        QWidget *growing = new QWidget;
+        growing->setMinimumSize(60, 10);
+        growing->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+        children += growing;
+        const Widget row(WrappingRow({growing, children[0], children[1], children[2], children[3], children[4]}));
+        row->show();
+        for (int width = 200; width <= 700; width += 7) {
+            row->resize(width, row->heightForWidth(width));
+            QRegion taken;
+            for (const QWidget *child : children) {
+                QVERIFY2(row->rect().contains(child->geometry()), qPrintable(QString::number(width)));
+                QVERIFY2(!taken.intersects(child->geometry()), qPrintable(QString::number(width)));
+                taken += child->geometry();
+            }
+        }
+        QCOMPARE(growing->y() + growing->height() / 2, children[4]->geometry().center().y() + 1); // one line
+        QCOMPARE(row->rect().right(), children[4]->geometry().right()); // the growing one took the rest
+    }
+};
+
+QTEST_MAIN(ViewTest)
+#include "view_test.moc"
