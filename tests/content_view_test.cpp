@@ -241,14 +241,14 @@ private slots:
             }
             return static_cast<QAction *>(nullptr);
         };
-        QVERIFY(!item(u"取り消す"_s)->isEnabled());
+        QVERIFY(!item(u"元に戻す"_s)->isEnabled());
         QVERIFY(!item(u"コピー"_s)->isEnabled());
         view->findChild<QPushButton *>()->setFocus();
         item(u"すべてを選択"_s)->trigger();
         QCOMPARE(pane->textCursor().selectedText(), openingMessage());
         item(u"切り取り"_s)->trigger();
         QCOMPARE(pane->toPlainText(), QString());
-        item(u"取り消す"_s)->trigger();
+        item(u"元に戻す"_s)->trigger();
         QCOMPARE(pane->toPlainText(), openingMessage());
         item(u"やり直す"_s)->trigger();
         item(u"貼り付け"_s)->trigger();

@@ -38,7 +38,7 @@ void addEditMenu(QMenuBar *bar, MainWindow &window, TarumineApp &app)
     QMenu *menu = bar->addMenu(Titles::tr("編集(&E)"));
     window.content().fillEditMenu(*menu);
     menu->addSeparator();
-    add(menu, Titles::tr("設定(&S)…"), Qt::CTRL | Qt::Key_Comma, &app, &TarumineApp::showSettings)
+    add(menu, Titles::tr("設定…(&S)"), Qt::CTRL | Qt::Key_Comma, &app, &TarumineApp::showSettings)
         ->setMenuRole(QAction::PreferencesRole);
 }
 

@@ -1,5 +1,6 @@
 #include "app/TarumineApp.h"
 
+#include "app/Japanese.h"
 #include "app/MainWindow.h"
 #include "app/Menus.h"
 #include "app/SettingsWindow.h"
@@ -7,38 +8,25 @@
 
 #include <QApplication>
 #include <QIcon>
-#include <QLocale>
 #include <QMessageBox>
 #include <QTimer>
-#include <QTranslator>
 #include <QUrl>
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-// The application speaks Japanese whatever the locale, and so do the toolkit's own dialogs.
-void speakJapanese(QTranslator &toolkit)
-{
-    QLocale::setDefault(QLocale(QLocale::Japanese, QLocale::Japan));
-    if (toolkit.load(u":/translations/qtbase_ja.qm"_s))
-        QCoreApplication::installTranslator(&toolkit);
-}
-
-} // namespace
-
 int TarumineApp::main(int argc, char *argv[])
 {
     QApplication::setApplicationName(u"tarumine"_s);
-    QApplication::setApplicationDisplayName(u"Tarumine"_s);
     QApplication::setApplicationVersion(QStringLiteral(TARUMINE_VERSION));
     QApplication::setDesktopFileName(QStringLiteral(TARUMINE_APPLICATION_ID));
-    QApplication application(argc, argv);
-    QTranslator toolkit;
-    speakJapanese(toolkit);
+    adoptJapaneseLocale();
+    const QApplication application(argc, argv);
+    installJapaneseTexts();
 
     TarumineApp app;
     app.newWindow();
+    // Not needed for the first picture of the window, so it follows after it.
+    QTimer::singleShot(0, [] { QApplication::setWindowIcon(QIcon(u":/icons/app-64.png"_s)); });
     return QApplication::exec();
 }
 

@@ -28,6 +28,9 @@ Columns::Columns(QWidget *sidebar, QWidget *selectionPane, QWidget *detail)
     addWidget(detail);
     setChildrenCollapsible(false);
     m_side->setChildrenCollapsible(false);
+    // A splitter puts each new child behind the others; a screen reader reads them from the back.
+    for (QWidget *pane : {sidebar, selectionPane, static_cast<QWidget *>(m_side), detail})
+        pane->raise();
     arrange(Arrangement::SideBySide);
 }
 

@@ -27,7 +27,7 @@ void ContentView::fillEditMenu(QMenu &menu)
         QObject::connect(action, &QAction::triggered, pane, act);
         return action;
     };
-    QAction *undo = add(Titles::tr("取り消す(&U)"), QKeySequence::Undo, &TextPane::undo);
+    QAction *undo = add(Titles::tr("元に戻す(&U)"), QKeySequence::Undo, &TextPane::undo);
     QAction *redo = add(Titles::tr("やり直す(&R)"), QKeySequence::Redo, &TextPane::redo);
     menu.addSeparator();
     QAction *cut = add(Titles::tr("切り取り(&T)"), QKeySequence::Cut, &TextPane::cut);

@@ -44,8 +44,8 @@ private:
 
 void drawFolder(QPainter &painter)
 {
-    painter.setPen(QPen(QColor(0x3a, 0x7a, 0xb8), 1));
-    painter.setBrush(QColor(0x5c, 0xa0, 0xdc));
+    painter.setPen(QPen(QColor(0xb0, 0x80, 0x28), 1));
+    painter.setBrush(QColor(0xf2, 0xc4, 0x5c));
     painter.drawRoundedRect(QRectF(1.5, 2.5, 6, 5), 1, 1); // the tab
     painter.drawRoundedRect(QRectF(1.5, 4.5, 13, 9), 1, 1);
 }

@@ -98,6 +98,7 @@ QWidget *Sidebar(const std::vector<Node> &roots, State<std::optional<QUuid>> &se
     auto *model = new QStandardItemModel(outline);
     for (const Node &root : roots)
         model->appendRow(new Row(root));
+    model->setHorizontalHeaderLabels({OutlineView::tr("名前")}); // not shown, but read out
     outline->setModel(model);
 
     auto *rows = outline->selectionModel();
