@@ -65,8 +65,12 @@ QWidget *Toggle(const QString &title, Binding<bool> isOn)
     auto *box = new QCheckBox(verbatim(title));
     box->setAccessibleName(title);
     follow(box, isOn.get, [box](bool on) { box->setChecked(on); });
-    // clicked, not toggled: only the user writes, never the value that has just been shown.
-    QObject::connect(box, &QCheckBox::clicked, box, std::move(isOn.set));
+    // A screen reader toggles without a click, so it is the change that counts; what has just been
+    // shown is none.
+    QObject::connect(box, &QCheckBox::toggled, box, [isOn](bool on) {
+        if (on != isOn.get())
+            isOn.set(on);
+    });
     return box;
 }
 

@@ -1,0 +1,199 @@
+#!/usr/bin/python3
+"""The real program on a virtual display, used through the keyboard, the mouse and the accessibility bus.
+
+journey_test.py PROGRAM
+"""
+import os
+import re
+import signal
+import subprocess
+import sys
+import time
+import unittest
+
+PROGRAM = sys.argv[1]
+WORK = os.environ["HOME"]
+STORE = os.path.join(os.environ["XDG_CONFIG_HOME"], "tarumine", "Tarumine.conf")
+
+
+def wait_for(what, seconds=10):
+    """The first true value that what() gives, or a failure."""
+    end = time.monotonic() + seconds
+    while time.monotonic() < end:
+        try:
+            found = what()
+        except Exception:  # what is looked for may vanish while it is looked at
+            found = None
+        if found:
+            return found
+        time.sleep(0.03)
+    raise AssertionError(f"waited in vain for {what.__name__}")
+
+
+def run(*command):
+    return subprocess.run(command, check=True, capture_output=True, text=True).stdout
+
+
+def window(title="Tarumine"):
+    def shown_window():
+        return run("xdotool", "search", "--onlyvisible", "--name", f"^{title}$").split()[-1]
+    return wait_for(shown_window)
+
+
+def keys(*names):
+    run("xdotool", "key", "--clearmodifiers", *names)
+
+
+def nodes(root):
+    yield root
+    for i in range(root.childCount):
+        child = root.getChildAtIndex(i)
+        if child:
+            yield from nodes(child)
+
+
+class Journey(unittest.TestCase):
+    def setUp(self):
+        self.program = subprocess.Popen([PROGRAM], stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
+        self.window = window()
+        run("xdotool", "windowfocus", "--sync", self.window)
+        self.app = wait_for(self.application)
+
+    def tearDown(self):
+        self.program.kill()
+        self.program.wait()
+        self.program.stdout.close()
+
+    def application(self):
+        for app in pyatspi.Registry.getDesktop(0):
+            if app and app.get_process_id() == self.program.pid and app.childCount:
+                return app
+        return None
+
+    def find(self, role, name):
+        def accessible():
+            for node in nodes(self.app):
+                if node.getRoleName() == role and node.name == name:
+                    return node
+            return None
+        return wait_for(accessible)
+
+    def shown_text(self):
+        text = self.find("text", "テキスト").queryText()
+        return text.getText(0, text.characterCount)
+
+    def press(self, role, name):
+        self.find(role, name).queryAction().doAction(0)
+
+    def load(self, path):
+        self.press("push button", "読込")
+        window("開く")
+        time.sleep(0.2)
+        run("xdotool", "type", "--delay", "1", path)
+        keys("Return")
+
+    def test_every_control_says_its_visible_label(self):
+        expected = [("slider", "Font Size"), ("label", "14 pt"), ("push button", "別スレッド"),
+                    ("push button", "読込"), ("push button", "簡易PDF"), ("push button", "起動"),
+                    ("combo box", "ブラウザを選択"), ("text", "テキスト")]
+        for role, name in expected:
+            self.assertTrue(self.find(role, name).getState().contains(pyatspi.STATE_SHOWING), name)
+        order = [(n.getRoleName(), n.name) for n in nodes(self.app)]
+        places = [order.index(each) for each in [("tree", "サイドバー")] + expected]
+        self.assertEqual(places, sorted(places), "a screen reader reads in the order of the screen")
+
+    def test_tab_goes_in_reading_order(self):
+        for name in ["テキスト", "フォルダA", "Font Size", "別スレッド", "読込", "簡易PDF", "起動", "ブラウザを選択", "テキスト"]:
+            def focused():
+                self.app.clear_cache()
+                return [n for n in nodes(self.app)
+                        if n.name == name and n.getState().contains(pyatspi.STATE_FOCUSED)]
+            wait_for(focused)
+            keys("Tab")
+
+    def test_a_file_is_loaded_and_read_at_the_size_one_likes(self):
+        path = os.path.join(WORK, "yomu.txt")
+        with open(path, "w", encoding="utf-8") as file:
+            file.write("吾輩は猫である。🐱\n名前はまだ無い。")
+        self.load(path)
+        wait_for(lambda: self.shown_text() == "吾輩は猫である。🐱\n名前はまだ無い。")
+        keys("ctrl+plus", "ctrl+plus")
+        self.find("label", "16 pt")
+        keys("ctrl+End", "a")
+        wait_for(lambda: self.shown_text().endswith("a"))
+        keys("ctrl+z")
+        wait_for(lambda: not self.shown_text().endswith("a"))
+
+    def test_what_cannot_be_read_changes_nothing_and_hangs_nothing(self):
+        before = self.shown_text()
+        fifo = os.path.join(WORK, "fifo.txt")
+        if not os.path.exists(fifo):
+            os.mkfifo(fifo)
+        self.load(fifo)
+        time.sleep(0.3)
+        self.assertEqual(self.shown_text(), before)
+
+    def test_the_content_keeps_its_bounds(self):
+        bar = self.find("menu bar", "").queryComponent().getExtents(0).height
+        for asked, given in (((999, 350), (999, 350)), ((3000, 3000), (1199, 650)), ((100, 100), (100, 100))):
+            run("xdotool", "windowsize", self.window, str(asked[0]), str(asked[1] + bar))
+            def resized():
+                size = re.search(r"(\d+)x(\d+)", run("xdotool", "getwindowgeometry", self.window)[40:])
+                return (int(size[1]), int(size[2]) - bar) == given
+            wait_for(resized)
+
+    def test_a_toggle_is_on_disk_when_it_is_killed_right_behind_the_click(self):
+        keys("ctrl+comma")
+        window("設定")
+        for stored in ("1", "0"):
+            self.press("check box", "自律型")
+            with open(STORE, encoding="utf-8") as store:  # the click has been handled when it returns
+                self.assertIn(f"IntKeyToggle5={stored}", store.read())
+        self.press("check box", "自律型")
+        self.program.send_signal(signal.SIGKILL)
+        with open(STORE, encoding="utf-8") as store:
+            self.assertIn("IntKeyToggle5=1", store.read())
+
+    def test_windows_are_opened_and_closed(self):
+        keys("ctrl+n")
+        second = window("Tarumine 2")
+        run("xdotool", "windowfocus", "--sync", second)
+        keys("ctrl+w")
+        wait_for(lambda: second not in run("xdotool", "search", "--onlyvisible", "--name", "Tarumine").split())
+        self.assertIsNone(self.program.poll())
+
+    def test_it_quits_within_a_second_under_an_open_dialog(self):
+        keys("ctrl+n")
+        second = window("Tarumine 2")
+        self.press("push button", "読込")
+        window("開く")
+        run("xdotool", "windowfocus", "--sync", second)
+        started = time.monotonic()
+        keys("ctrl+q")
+        self.program.wait(5)
+        self.assertLess(time.monotonic() - started, 1.0)
+
+
+def on_own_display():
+    """Starts this script again inside its own display, window manager and buses."""
+    number, writer = os.pipe()
+    server = subprocess.Popen(["Xvfb", "-displayfd", str(writer), "-screen", "0", "1600x1000x24"],
+                              pass_fds=[writer], stderr=subprocess.DEVNULL)
+    os.close(writer)
+    os.environ["DISPLAY"] = ":" + os.read(number, 16).decode().strip()
+    os.environ.pop("QT_QPA_PLATFORM", None)
+    os.environ["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"] = "1"
+    os.environ["TARUMINE_JOURNEY"] = "1"
+    manager = subprocess.Popen(["openbox"], stderr=subprocess.DEVNULL)
+    try:
+        return subprocess.call(["dbus-run-session", "--", sys.executable] + sys.argv)
+    finally:
+        manager.kill()
+        server.kill()
+
+
+if __name__ == "__main__":
+    if "TARUMINE_JOURNEY" not in os.environ:
+        sys.exit(on_own_display())
+    import pyatspi
+    unittest.main(argv=sys.argv[:1] + sys.argv[2:], verbosity=2)
