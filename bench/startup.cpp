@@ -86,7 +86,8 @@ public:
         if (!damage || !damage->present)
             fail("the display can't tell what is painted");
         m_damageNotify = damage->first_event + XCB_DAMAGE_NOTIFY;
-        free(xcb_damage_query_version_reply(m_connection, xcb_damage_query_version(m_connection, 1, 1), nullptr));
+        free(xcb_damage_query_version_reply(m_connection, xcb_damage_query_version(m_connection, 1, 1),
+                                            nullptr));
         m_root = xcb_setup_roots_iterator(xcb_get_setup(m_connection)).data->root;
         const uint32_t mask = XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY;
         xcb_change_window_attributes(m_connection, m_root, XCB_CW_EVENT_MASK, &mask);
@@ -104,7 +105,7 @@ public:
                 if (painted)
                     return true;
             }
-            pollfd incoming {xcb_get_file_descriptor(m_connection), POLLIN, 0};
+            pollfd incoming{xcb_get_file_descriptor(m_connection), POLLIN, 0};
             poll(&incoming, 1, 20);
         }
         return false;
@@ -161,7 +162,7 @@ Sample run(const std::string &program)
     usleep(700'000); // until it is idle
     sample.dirty = dirtyKib(process);
     kill(process, SIGKILL);
-    rusage used {};
+    rusage used{};
     wait4(process, nullptr, 0, &used);
     const auto milliseconds = [](const timeval &time) { return time.tv_sec * 1e3 + time.tv_usec / 1e3; };
     sample.cpu = milliseconds(used.ru_utime) + milliseconds(used.ru_stime);
@@ -182,8 +183,8 @@ double medianOf(const std::vector<Sample> &samples, double Sample::*figure)
     return median(std::move(values));
 }
 
-void report(const char *name, const char *unit, const std::vector<Sample> &ours, const std::vector<Sample> &floor,
-            double Sample::*figure, double bar)
+void report(const char *name, const char *unit, const std::vector<Sample> &ours,
+            const std::vector<Sample> &floor, double Sample::*figure, double bar)
 {
     const double a = medianOf(ours, figure);
     const double b = medianOf(floor, figure);
@@ -202,7 +203,8 @@ int main(int argc, char *argv[])
     char home[] = "/tmp/startup-XXXXXX"; // nobody's preferences
     if (!mkdtemp(home))
         fail("no temporary folder");
-    for (const char *name : {"HOME", "XDG_CONFIG_HOME", "XDG_CACHE_HOME", "XDG_DATA_HOME", "XDG_RUNTIME_DIR"})
+    for (const char *name :
+         {"HOME", "XDG_CONFIG_HOME", "XDG_CACHE_HOME", "XDG_DATA_HOME", "XDG_RUNTIME_DIR"})
         setenv(name, home, 1);
     {
         const VirtualDisplay display;

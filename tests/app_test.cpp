@@ -63,10 +63,12 @@ private slots:
             QVERIFY(action->isEnabled());
             QVERIFY(action->shortcut().isEmpty());
         }
-        QCOMPARE(titles, QStringList({u"ファイル(&F)"_s, u"編集(&E)"_s, u"表示(&V)"_s, u"ウインドウ(&W)"_s,
-                                      u"ヘルプ(&H)"_s}));
-        QCOMPARE(help, QStringList({u"Tarumine ヘルプ…"_s, u"オンラインヘルプ…"_s,
-                                    u"添付マニュアルをお読みください"_s}));
+        QCOMPARE(titles,
+                 QStringList({u"ファイル(&F)"_s, u"編集(&E)"_s, u"表示(&V)"_s, u"ウインドウ(&W)"_s,
+                              u"ヘルプ(&H)"_s}));
+        QCOMPARE(help,
+                 QStringList(
+                     {u"Tarumine ヘルプ…"_s, u"オンラインヘルプ…"_s, u"添付マニュアルをお読みください"_s}));
         item(*app.windows().front(), u"ヘルプ"_s, u"オンラインヘルプ"_s)->trigger(); // does nothing
     }
 

@@ -32,10 +32,10 @@ class ContentViewTest : public QObject {
     Q_OBJECT
 
     QTemporaryDir m_folder;
-    UserDefaults m_store {m_folder.filePath(u"Tarumine.conf"_s)};
+    UserDefaults m_store{m_folder.filePath(u"Tarumine.conf"_s)};
     ScriptedHost m_host;
     Workspace m_workspace;
-    Surroundings m_surroundings {m_store, m_host, m_workspace, newOpenPanel};
+    Surroundings m_surroundings{m_store, m_host, m_workspace, newOpenPanel};
 
     static QStringList visibleTexts(const QWidget &view)
     {
@@ -76,7 +76,7 @@ private slots:
         QCOMPARE(view->findChild<QComboBox *>()->count(), 0);
         view->show();
         QCOMPARE(view->findChild<TextPane *>()->toPlainText(), openingMessage());
-        QCOMPARE(visibleTexts(*view), QStringList {u"何も選択されていません"_s});
+        QCOMPARE(visibleTexts(*view), QStringList{u"何も選択されていません"_s});
     }
 
     void aNewWindowStartsFromTheStore()
@@ -95,7 +95,7 @@ private slots:
         const QString stored = QTemporaryDir().path() + u"/none.conf"_s;
         UserDefaults empty(stored);
         empty.setInteger(6, Key::IntKeyToggle2);
-        Surroundings surroundings {empty, m_host, m_workspace, newOpenPanel};
+        Surroundings surroundings{empty, m_host, m_workspace, newOpenPanel};
         ContentView given({.uString = u"代わり"_s, .sp1 = 4}, surroundings);
         QCOMPARE(given.uString.value(), u"代わり"_s);
         QCOMPARE(empty.string(Key::StringKeyPX5), std::nullopt);
@@ -112,7 +112,7 @@ private slots:
         const std::unique_ptr<Frame> view(content.body());
         view->show();
         auto *tree = view->findChild<QTreeView *>();
-        const QStringList expected {
+        const QStringList expected{
             u"機械&1"_s, u"<b>taro</b>"_s,
             u"乗船切符のようなものが必要。コンピュータ名とユーザー名をご確認ください。"_s};
         tree->setCurrentIndex(tree->model()->index(0, 0));
@@ -120,14 +120,14 @@ private slots:
         tree->setCurrentIndex(tree->model()->index(1, 0));
         QCOMPARE(visibleTexts(*view), expected);
         tree->clearSelection();
-        QCOMPARE(visibleTexts(*view), QStringList {u"何も選択されていません"_s});
+        QCOMPARE(visibleTexts(*view), QStringList{u"何も選択されていません"_s});
     }
 
     void aNamelessComputerIsUnknown()
     {
         ScriptedHost nameless;
         nameless.m_name.clear();
-        Surroundings surroundings {m_store, nameless, m_workspace, newOpenPanel};
+        Surroundings surroundings{m_store, nameless, m_workspace, newOpenPanel};
         ContentView content(surroundings);
         const std::unique_ptr<Frame> view(content.body());
         view->show();
@@ -160,8 +160,9 @@ private slots:
             if ((next->focusPolicy() & Qt::TabFocus) && !next->accessibleName().isEmpty())
                 names += next->accessibleName();
         }
-        QCOMPARE(names, QStringList({u"Font Size"_s, u"別スレッド"_s, u"読込"_s, u"簡易PDF"_s, u"起動"_s,
-                                     u"ブラウザを選択"_s, u"テキスト"_s}));
+        QCOMPARE(names,
+                 QStringList({u"Font Size"_s, u"別スレッド"_s, u"読込"_s, u"簡易PDF"_s, u"起動"_s,
+                              u"ブラウザを選択"_s, u"テキスト"_s}));
         for (const QPushButton *button : view->findChildren<QPushButton *>())
             QVERIFY(button->isEnabled());
     }
@@ -181,9 +182,11 @@ private slots:
                 QRegion taken;
                 for (const QWidget *control : column->findChildren<QWidget *>()) {
                     const bool stands = qobject_cast<const QPushButton *>(control)
-                        || qobject_cast<const QComboBox *>(control) || qobject_cast<const QSlider *>(control)
-                        || qobject_cast<const QLabel *>(control) || qobject_cast<const TextPane *>(control);
-                    if (!stands || !control->isVisible() || qobject_cast<const QComboBox *>(control->parent()))
+                        || qobject_cast<const QComboBox *>(control)
+                        || qobject_cast<const QSlider *>(control) || qobject_cast<const QLabel *>(control)
+                        || qobject_cast<const TextPane *>(control);
+                    if (!stands || !control->isVisible()
+                        || qobject_cast<const QComboBox *>(control->parent()))
                         continue;
                     const QRect place = placeIn(*column, *control);
                     QVERIFY2(column->rect().contains(place), where);
@@ -263,7 +266,8 @@ private slots:
         QMenu menu;
         content.fillViewMenu(menu);
         const auto *slider = view->findChild<QSlider *>();
-        QAction *larger = menu.actions().at(2), *smaller = menu.actions().at(3), *normal = menu.actions().at(4);
+        QAction *larger = menu.actions().at(2), *smaller = menu.actions().at(3),
+                *normal = menu.actions().at(4);
         for (int i = 0; i < 40; ++i)
             larger->trigger();
         QCOMPARE(slider->value(), slider->maximum());

@@ -122,7 +122,8 @@ private slots:
             QCOMPARE(read.size(), 5000);
             QCOMPARE(read.count(read.front()), 5000);
         }
-        const QStringList left = m_folder.isValid() ? QDir(m_folder.path()).entryList({u"*unreadable*"_s}) : QStringList();
+        const QStringList left =
+            m_folder.isValid() ? QDir(m_folder.path()).entryList({u"*unreadable*"_s}) : QStringList();
         QCOMPARE(left, QStringList());
     }
 
@@ -155,7 +156,8 @@ private slots:
     void aStoreThatCannotBeWrittenWorksForTheRun_data()
     {
         QTest::addColumn<QString>("file");
-        QTest::newRow("a file stands where the folder should be") << fileWith("x") + u"/tarumine/Tarumine.conf"_s;
+        QTest::newRow("a file stands where the folder should be")
+            << fileWith("x") + u"/tarumine/Tarumine.conf"_s;
         QTest::newRow("no such home, and none can be made") << u"/proc/nowhere/.config/Tarumine.conf"_s;
         const QString folder = newFile();
         QDir().mkpath(folder);

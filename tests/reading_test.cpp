@@ -19,7 +19,6 @@
 #include <QTest>
 #include <QThreadPool>
 
-
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -52,11 +51,11 @@ class ReadingTest : public QObject {
     Q_OBJECT
 
     QTemporaryDir m_folder;
-    UserDefaults m_store {m_folder.filePath(u"Tarumine.conf"_s)};
+    UserDefaults m_store{m_folder.filePath(u"Tarumine.conf"_s)};
     ScriptedPanel m_panel;
     ReadingText m_text;
     State<qint64> m_sp1, m_sp2;
-    TextLoading m_loading {m_text, m_sp1, m_sp2, m_store, [this](QWidget *) { return &m_panel; }};
+    TextLoading m_loading{m_text, m_sp1, m_sp2, m_store, [this](QWidget *) { return &m_panel; }};
 
     QString write(const QString &name, const QByteArray &content)
     {
@@ -110,7 +109,7 @@ private slots:
     void anEditIsTheTextAtOnce()
     {
         ReadingText text;
-        const State<double> size {14};
+        const State<double> size{14};
         TextPane pane(text, size);
         text = u"一\r\n二"_s;
         QTest::keyClick(&pane, Qt::Key_End, Qt::ControlModifier);
@@ -123,7 +122,7 @@ private slots:
     void anAssignmentShowsFromItsBeginning()
     {
         ReadingText text;
-        const State<double> size {14};
+        const State<double> size{14};
         TextPane pane(text, size);
         pane.resize(300, 200);
         pane.show();
@@ -138,7 +137,7 @@ private slots:
     void onlyPlainTextIsPasted()
     {
         ReadingText text;
-        const State<double> size {14};
+        const State<double> size{14};
         Pane pane(text, size);
         const QMimeData empty;
         pane.insertFromMimeData(nullptr);
@@ -156,7 +155,7 @@ private slots:
     void tabLeavesThePane()
     {
         ReadingText text;
-        const State<double> size {14};
+        const State<double> size{14};
         QWidget window;
         QLineEdit next(&window);
         TextPane pane(text, size);
@@ -173,7 +172,7 @@ private slots:
 
     void theSliderScalesLabelAndPane()
     {
-        State<double> size {FontSize::initial};
+        State<double> size{FontSize::initial};
         ReadingText text;
         const TextPane pane(text, size);
         const std::unique_ptr<QWidget> row(ReadingControls(size, {}, new QWidget));

@@ -13,7 +13,7 @@ class SettingsTest : public QObject {
     Q_OBJECT
 
     QTemporaryDir m_folder;
-    UserDefaults m_store {m_folder.filePath(u"Tarumine.conf"_s)};
+    UserDefaults m_store{m_folder.filePath(u"Tarumine.conf"_s)};
 
     static QList<QCheckBox *> boxes(const Frame &view) { return view.findChildren<QCheckBox *>(); }
 
@@ -29,16 +29,17 @@ private slots:
             QCOMPARE(box->accessibleName(), box->text());
             QVERIFY(!box->isChecked());
         }
-        QCOMPARE(labels, QStringList({u"アニメ"_s, u"映画"_s, u"エージェント"_s, u"チャット型"_s, u"自律型"_s,
-                                      u"座席"_s, u"磁気"_s, u"ブランド"_s, u"アクセス権"_s}));
+        QCOMPARE(labels,
+                 QStringList({u"アニメ"_s, u"映画"_s, u"エージェント"_s, u"チャット型"_s, u"自律型"_s,
+                              u"座席"_s, u"磁気"_s, u"ブランド"_s, u"アクセス権"_s}));
         QVERIFY(!QFile::exists(m_store.fileName()));
     }
 
     void eachTermHasItsOwnKey()
     {
-        const QList<QLatin1StringView> keys {
-            Key::IntKeyToggle1, Key::IntKeyToggle2, Key::IntKeyToggle3, Key::IntKeyToggle4, Key::IntKeyToggle5,
-            Key::IntKeyToggle6, Key::IntKeyToggle7, Key::IntKeyToggle8, Key::IntKeyToggle9};
+        const QList<QLatin1StringView> keys{Key::IntKeyToggle1, Key::IntKeyToggle2, Key::IntKeyToggle3,
+                                            Key::IntKeyToggle4, Key::IntKeyToggle5, Key::IntKeyToggle6,
+                                            Key::IntKeyToggle7, Key::IntKeyToggle8, Key::IntKeyToggle9};
         SettingsView settings(m_store);
         const std::unique_ptr<Frame> view(settings.body());
         for (int on = 0; on < keys.size(); ++on) {

@@ -35,7 +35,7 @@ class TreeTest : public QObject {
     // A sidebar on screen, and the state that it shows.
     struct Shown {
         State<std::optional<QUuid>> selection;
-        std::unique_ptr<QTreeView> view {qobject_cast<QTreeView *>(Sidebar(sampleData(), selection))};
+        std::unique_ptr<QTreeView> view{qobject_cast<QTreeView *>(Sidebar(sampleData(), selection))};
 
         Shown()
         {
@@ -131,9 +131,15 @@ private slots:
         sidebar.click(sidebar.row({0}));
         QVERIFY(sidebar.selection.value());
         switch (way) {
-        case 0: sidebar.click({}); break;
-        case 1: sidebar.click(sidebar.row({0}), Qt::ControlModifier); break;
-        case 2: QTest::keyClick(sidebar.view.get(), Qt::Key_Escape); break;
+        case 0:
+            sidebar.click({});
+            break;
+        case 1:
+            sidebar.click(sidebar.row({0}), Qt::ControlModifier);
+            break;
+        case 2:
+            QTest::keyClick(sidebar.view.get(), Qt::Key_Escape);
+            break;
         }
         QCOMPARE(sidebar.selection.value(), std::nullopt);
         QVERIFY(!sidebar.view->selectionModel()->hasSelection());

@@ -20,8 +20,8 @@ class ViewTest : public QObject {
 private slots:
     void aTextFollowsEveryStateThatItReads()
     {
-        State<int> count {1};
-        State<QString> unit {u"羽"_s};
+        State<int> count{1};
+        State<QString> unit{u"羽"_s};
         const Widget text(Text([&] { return u"%1 %2"_s.arg(count).arg(unit); }));
         const auto *label = qobject_cast<QLabel *>(text.get());
         QCOMPARE(label->text(), u"1 羽"_s);
@@ -32,10 +32,11 @@ private slots:
 
     void aWidgetThatIsGoneFollowsNothing()
     {
-        State<int> state {0};
+        State<int> state{0};
         int shown = 0;
         auto *widget = new QWidget;
-        follow(widget, [&] { return state.value(); }, [&](int) { ++shown; });
+        follow(
+            widget, [&] { return state.value(); }, [&](int) { ++shown; });
         QCOMPARE(shown, 1);
         state = 1;
         state = 1; // equal: nobody is told
@@ -60,7 +61,7 @@ private slots:
 
     void aSliderTakesWholeStepsWithinItsRange()
     {
-        State<double> size {14};
+        State<double> size{14};
         const Widget row(Slider(u"Font Size"_s, size, {.from = 10, .to = 40, .step = 1}));
         auto *slider = row->findChild<QSlider *>();
         QCOMPARE(slider->value(), 4);
@@ -83,14 +84,14 @@ private slots:
 
     void aPickerShowsItsRowsAndChoice()
     {
-        State<QStringList> rows {{u"Arc"_s, u"Safari"_s}};
-        State<QString> choice {u"Safari"_s};
+        State<QStringList> rows{{u"Arc"_s, u"Safari"_s}};
+        State<QString> choice{u"Safari"_s};
         const Widget picker(Picker(u"選択"_s, choice, [&] { return rows.value(); }));
         auto *list = picker->findChild<QComboBox *>();
         QCOMPARE(list->currentText(), u"Safari"_s);
         QTest::keyClick(list, Qt::Key_Up);
         QCOMPARE(choice.value(), u"Arc"_s);
-        rows = QStringList {u"Opera"_s, u"Arc"_s};
+        rows = QStringList{u"Opera"_s, u"Arc"_s};
         QCOMPARE(list->currentIndex(), 1);
         QCOMPARE(choice.value(), u"Arc"_s); // new rows are no choice of the user's
         choice = u"gone"_s;
@@ -99,7 +100,7 @@ private slots:
 
     void whatIsHiddenTakesNoRoom()
     {
-        State<bool> shown {false};
+        State<bool> shown{false};
         QWidget *first = Text(u"一"_s);
         QWidget *second = visibleWhen([&] { return shown.value(); }, Text(u"二"_s));
         const Widget stack(VStack({first, second}));
@@ -115,7 +116,7 @@ private slots:
     // A widget that was shown on its own would flash up as a window.
     void whatIsShownBecomesNoWindow()
     {
-        State<bool> shown {true};
+        State<bool> shown{true};
         const Widget text(visibleWhen([&] { return shown.value(); }, Text(u"一"_s)));
         QVERIFY(!text->isVisible());
     }
@@ -145,7 +146,8 @@ private slots:
         QTest::newRow("the ideal size") << QSize(999, 350) << QRect(0, 0, 999, 350);
         QTest::newRow("the largest") << QSize(1199, 650) << QRect(0, 0, 1199, 650);
         QTest::newRow("the smallest") << QSize(100, 100) << QRect(0, 0, 100, 100);
-        QTest::newRow("forced wider, the content is centred") << QSize(1399, 350) << QRect(100, 0, 1199, 350);
+        QTest::newRow("forced wider, the content is centred")
+            << QSize(1399, 350) << QRect(100, 0, 1199, 350);
         QTest::newRow("forced larger both ways") << QSize(1919, 1080) << QRect(360, 215, 1199, 650);
     }
     void aFrameKeepsItsContentWithinBounds()
@@ -170,7 +172,8 @@ private slots:
         growing->setMinimumSize(60, 10);
         growing->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
         children += growing;
-        const Widget row(WrappingRow({growing, children[0], children[1], children[2], children[3], children[4]}));
+        const Widget row(
+            WrappingRow({growing, children[0], children[1], children[2], children[3], children[4]}));
         row->show();
         for (int width = 200; width <= 700; width += 7) {
             row->resize(width, row->heightForWidth(width));
@@ -181,7 +184,8 @@ private slots:
                 taken += child->geometry();
             }
         }
-        QCOMPARE(growing->y() + growing->height() / 2, children[4]->geometry().center().y() + 1); // one line
+        QCOMPARE(growing->y() + growing->height() / 2,
+                 children[4]->geometry().center().y() + 1);             // one line
         QCOMPARE(row->rect().right(), children[4]->geometry().right()); // the growing one took the rest
     }
 };

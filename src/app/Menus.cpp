@@ -14,7 +14,8 @@ struct Titles {
 };
 
 template <class Receiver, class Action>
-QAction *add(QMenu *menu, const QString &title, const QKeySequence &shortcut, Receiver *receiver, Action action)
+QAction *add(QMenu *menu, const QString &title, const QKeySequence &shortcut, Receiver *receiver,
+             Action action)
 {
     QAction *item = menu->addAction(title);
     item->setShortcut(shortcut);
@@ -69,7 +70,8 @@ void addHelpMenu(QMenuBar *bar, MainWindow &window, TarumineApp &app)
     QMenu *menu = bar->addMenu(Titles::tr("ヘルプ(&H)"));
     add(menu, Titles::tr("Tarumine ヘルプ…"), {}, &app, &TarumineApp::openHelpSite);
     add(menu, Titles::tr("オンラインヘルプ…"), {}, &app, [] {});
-    add(menu, Titles::tr("添付マニュアルをお読みください"), {}, &app, [&app, &window] { app.openManual(&window); });
+    add(menu, Titles::tr("添付マニュアルをお読みください"), {}, &app,
+        [&app, &window] { app.openManual(&window); });
 }
 
 } // namespace

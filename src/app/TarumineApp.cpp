@@ -41,7 +41,8 @@ void TarumineApp::newWindow()
     addMenus(*window, *this);
     connect(window.get(), &MainWindow::closed, this, [this, closed = window.get()] {
         // Not at once: the window is still in the middle of closing.
-        QMetaObject::invokeMethod(this, [this, closed] { forget(closed); }, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(
+            this, [this, closed] { forget(closed); }, Qt::QueuedConnection);
     });
     window->resize(window->sizeHint());
     window->show();
@@ -73,8 +74,8 @@ void TarumineApp::openManual(QWidget *window)
         Surroundings::standard().workspace.open(*manual);
         return;
     }
-    auto *missing = new QMessageBox(QMessageBox::Information, u"Tarumine"_s, tr("添付マニュアルが見つかりません。"),
-                                    QMessageBox::Ok, window);
+    auto *missing = new QMessageBox(QMessageBox::Information, u"Tarumine"_s,
+                                    tr("添付マニュアルが見つかりません。"), QMessageBox::Ok, window);
     missing->setAttribute(Qt::WA_DeleteOnClose);
     missing->setWindowModality(Qt::WindowModal);
     missing->open();

@@ -13,6 +13,7 @@ struct Titles {
 
 QWidget *BrowserPicker(const State<QStringList> &browsers, State<QString> &selectedBrowser)
 {
-    return VStack({Picker(Titles::tr("ブラウザを選択"), selectedBrowser, [&browsers] { return browsers.value(); })},
-                  {.spacing = 20, .padded = true});
+    return VStack(
+        {Picker(Titles::tr("ブラウザを選択"), selectedBrowser, [&browsers] { return browsers.value(); })},
+        {.spacing = 20, .padded = true});
 }

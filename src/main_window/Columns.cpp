@@ -3,10 +3,10 @@
 namespace {
 
 // Proportions at the ideal width; the splitters keep them while the window is resized.
-const QList<int> sideAndDetail {315, 684};
-const QList<int> stackedSideAndDetail {1, 2};
-const QList<int> sidebarAndSelection {150, 165};
-const QList<int> sidebarAboveSelection {3, 2};
+const QList<int> sideAndDetail{315, 684};
+const QList<int> stackedSideAndDetail{1, 2};
+const QList<int> sidebarAndSelection{150, 165};
+const QList<int> sidebarAboveSelection{3, 2};
 
 QList<int> scaled(const QList<int> &proportions)
 {

@@ -21,7 +21,8 @@ struct Titles {
 void ContentView::fillEditMenu(QMenu &menu)
 {
     TextPane *pane = m_textPane;
-    const auto add = [&menu, pane](const QString &title, QKeySequence::StandardKey key, void (TextPane::*act)()) {
+    const auto add = [&menu, pane](const QString &title, QKeySequence::StandardKey key,
+                                   void (TextPane::*act)()) {
         QAction *action = menu.addAction(title);
         action->setShortcut(key);
         QObject::connect(action, &QAction::triggered, pane, act);
@@ -53,7 +54,8 @@ void ContentView::fillViewMenu(QMenu &menu)
     QObject::connect(sidebar, &QAction::toggled, m_columns, &Columns::setSidebarShown);
     menu.addSeparator();
 
-    const auto add = [this, &menu](const QString &title, const QKeySequence &key, std::function<double()> size) {
+    const auto add = [this, &menu](const QString &title, const QKeySequence &key,
+                                   std::function<double()> size) {
         QAction *action = menu.addAction(title);
         action->setShortcut(key);
         QObject::connect(action, &QAction::triggered, m_columns,

@@ -17,7 +17,7 @@
 
 namespace {
 
-constexpr FrameBounds bounds {.minimum = {100, 100}, .ideal = {999, 350}, .maximum = {1199, 650}};
+constexpr FrameBounds bounds{.minimum = {100, 100}, .ideal = {999, 350}, .maximum = {1199, 650}};
 
 // The text pane and the play area share what height the controls row leaves.
 constexpr int textPaneShare = 3;
@@ -34,7 +34,7 @@ QWidget *sharingHeight(int share, QWidget *widget)
 } // namespace
 
 ContentView::ContentView(Surroundings &surroundings)
-    : ContentView(Seed {}, surroundings)
+    : ContentView(Seed{}, surroundings)
 {
 }
 
@@ -58,7 +58,7 @@ Frame *ContentView::body()
 
 QWidget *ContentView::detailColumn()
 {
-    const ReadingActions actions {
+    const ReadingActions actions{
         .startSimulation = [this] { simulation(); },
         .openText = [this] { openText(); },
         .savePdf = [this] { savePDF(QCoreApplication::translate("ContentView", "名称未設定")); },

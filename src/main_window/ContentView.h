@@ -56,9 +56,9 @@ private:
     // The state, in its documented order; seeded here and when a window's view appears.
     State<std::optional<QUuid>> selection;
     ReadingText text;
-    State<double> offset {0.0};
-    State<bool> movingRight {true};
-    State<QString> movingStr {QStringLiteral("船🛥")};
+    State<double> offset{0.0};
+    State<bool> movingRight{true};
+    State<QString> movingStr{QStringLiteral("船🛥")};
 
 public:
     AppStorage<QString> uString;
@@ -69,9 +69,9 @@ private:
     State<QStringList> browsers;
     State<QString> selectedBrowser;
     State<qint64> btnStatus;
-    State<bool> showAlert {false};
+    State<bool> showAlert{false};
     State<QString> alertMessage;
-    State<double> fontSize {FontSize::initial};
+    State<double> fontSize{FontSize::initial};
     State<QString> hostName;
     State<QString> userName;
 

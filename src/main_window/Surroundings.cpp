@@ -4,6 +4,6 @@ Surroundings &Surroundings::standard()
 {
     static Host host;
     static Workspace workspace;
-    static Surroundings real {UserDefaults::standard(), host, workspace, ::newOpenPanel};
+    static Surroundings real{UserDefaults::standard(), host, workspace, ::newOpenPanel};
     return real;
 }

@@ -8,8 +8,7 @@
 
 /// Runs `work` on a thread of the shared pool, then hands its result to `done` on the thread of
 /// `context`; when `context` is gone by then, the result is dropped.
-template <class Work, class Done>
-void inBackground(QObject *context, Work work, Done done)
+template <class Work, class Done> void inBackground(QObject *context, Work work, Done done)
 {
     // A watcher, not a continuation of the future: those don't survive the end of their context.
     auto *watcher = new QFutureWatcher<std::invoke_result_t<Work>>(context);

@@ -73,7 +73,8 @@ bool OpenPanel::allows(const QString &path) const
     if (file.isDir())
         return m_canChooseDirectories;
     return m_canChooseFiles
-        && (m_allowedFileTypes.isEmpty() || m_allowedFileTypes.contains(file.suffix(), Qt::CaseInsensitive));
+        && (m_allowedFileTypes.isEmpty()
+            || m_allowedFileTypes.contains(file.suffix(), Qt::CaseInsensitive));
 }
 
 OpenPanel *newOpenPanel(QWidget *window)

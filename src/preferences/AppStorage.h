@@ -9,8 +9,7 @@
 /// A field that is kept in the preferences store: reading gives what is stored under its key, or
 /// `fallback` while the key is absent; writing stores at once. Views follow it like any State.
 /// Integers (absent: 0) and strings.
-template <class T>
-class AppStorage {
+template <class T> class AppStorage {
     static_assert(std::is_same_v<T, qint64> || std::is_same_v<T, QString>);
 
 public:

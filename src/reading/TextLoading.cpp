@@ -61,5 +61,6 @@ void TextLoading::load(const QString &path)
         m_text = *read;
         emit loaded();
     };
-    inBackground(this, [path] { return readText(path); }, show);
+    inBackground(
+        this, [path] { return readText(path); }, show);
 }

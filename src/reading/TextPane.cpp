@@ -12,11 +12,13 @@ TextPane::TextPane(ReadingText &text, const State<double> &fontSize)
     setAccessibleName(tr("テキスト"));
     setTabChangesFocus(true);
     setDocument(text.document());
-    follow(this, [&fontSize] { return fontSize.value(); }, [this](double points) {
-        QFont system = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
-        system.setPointSizeF(points);
-        setFont(system);
-    });
+    follow(
+        this, [&fontSize] { return fontSize.value(); },
+        [this](double points) {
+            QFont system = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
+            system.setPointSizeF(points);
+            setFont(system);
+        });
     connect(&text, &ReadingText::assigned, this, [this] {
         moveCursor(QTextCursor::Start);
         verticalScrollBar()->setValue(0);

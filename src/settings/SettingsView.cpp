@@ -13,11 +13,12 @@ struct Titles {
     Q_DECLARE_TR_FUNCTIONS(SettingsView)
 };
 
-constexpr FrameBounds bounds {.minimum = {100, 100}, .ideal = {200, 500}, .maximum = {200, 500}};
+constexpr FrameBounds bounds{.minimum = {100, 100}, .ideal = {200, 500}, .maximum = {200, 500}};
 
 QWidget *Term(const QString &label, AppStorage<qint64> &field)
 {
-    return Toggle(label, {[&field] { return field.value() == 1; }, [&field](bool on) { field = on ? 1 : 0; }});
+    return Toggle(label,
+                  {[&field] { return field.value() == 1; }, [&field](bool on) { field = on ? 1 : 0; }});
 }
 
 } // namespace

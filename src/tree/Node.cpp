@@ -12,9 +12,9 @@ Node::Node(const QString &name, std::optional<std::vector<Node>> children)
 const std::vector<Node> &sampleData()
 {
     using Nodes = std::vector<Node>;
-    static const Nodes roots {
-        Node(u"フォルダA"_s, Nodes {Node(u"ファイルA1"_s), Node(u"ファイルA2"_s)}),
-        Node(u"フォルダB"_s, Nodes {Node(u"サブフォルダB1"_s, Nodes {Node(u"ファイルB1-1"_s)})}),
+    static const Nodes roots{
+        Node(u"フォルダA"_s, Nodes{Node(u"ファイルA1"_s), Node(u"ファイルA2"_s)}),
+        Node(u"フォルダB"_s, Nodes{Node(u"サブフォルダB1"_s, Nodes{Node(u"ファイルB1-1"_s)})}),
     };
     return roots;
 }

@@ -58,8 +58,8 @@ void drawDocument(QPainter &painter)
     painter.setPen(QPen(QColor(0x80, 0x88, 0x90), 1));
     painter.setBrush(Qt::white);
     painter.drawPath(sheet);
-    painter.drawLines(QList<QLineF> {{9.5, 1.5, 9.5, 4.5}, {9.5, 4.5, 12.5, 4.5}});
-    painter.drawLines(QList<QLineF> {{5.5, 7, 10.5, 7}, {5.5, 9.5, 10.5, 9.5}, {5.5, 12, 8.5, 12}});
+    painter.drawLines(QList<QLineF>{{9.5, 1.5, 9.5, 4.5}, {9.5, 4.5, 12.5, 4.5}});
+    painter.drawLines(QList<QLineF>{{5.5, 7, 10.5, 7}, {5.5, 9.5, 10.5, 9.5}, {5.5, 12, 8.5, 12}});
 }
 
 QIcon themed(const QString &name, DrawnIcon::Drawing drawing)

@@ -86,7 +86,8 @@ private:
 
 QModelIndex find(const QAbstractItemModel *model, const QUuid &id)
 {
-    const auto found = model->match(model->index(0, 0), IdRole, id, 1, Qt::MatchExactly | Qt::MatchRecursive);
+    const auto found =
+        model->match(model->index(0, 0), IdRole, id, 1, Qt::MatchExactly | Qt::MatchRecursive);
     return found.isEmpty() ? QModelIndex() : found.first();
 }
 
@@ -106,11 +107,13 @@ QWidget *Sidebar(const std::vector<Node> &roots, State<std::optional<QUuid>> &se
         const QModelIndexList chosen = rows->selectedIndexes();
         selection = chosen.isEmpty() ? std::nullopt : std::optional(chosen.first().data(IdRole).toUuid());
     });
-    follow(outline, [&selection] { return selection.value(); }, [outline, model](std::optional<QUuid> id) {
-        if (id)
-            outline->setCurrentIndex(find(model, *id));
-        else
-            outline->clearSelection();
-    });
+    follow(
+        outline, [&selection] { return selection.value(); },
+        [outline, model](std::optional<QUuid> id) {
+            if (id)
+                outline->setCurrentIndex(find(model, *id));
+            else
+                outline->clearSelection();
+        });
     return outline;
 }

@@ -83,8 +83,9 @@ QWidget *Slider(const QString &title, Binding<double> value, SliderRange range)
     follow(slider, value.get, [slider, range](double now) {
         slider->setValue(int(std::lround((now - range.from) / range.step)));
     });
-    QObject::connect(slider, &QSlider::valueChanged, slider,
-                     [range, set = std::move(value.set)](int step) { set(range.from + step * range.step); });
+    QObject::connect(slider, &QSlider::valueChanged, slider, [range, set = std::move(value.set)](int step) {
+        set(range.from + step * range.step);
+    });
     QWidget *row = HStack({titleOf(slider, title), slider});
     row->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     return row;

@@ -11,12 +11,10 @@
 
 /// A value that views follow. Writing an equal value notifies nobody.
 /// Not thread-safe: workers hand plain values to the user-interface thread.
-template <class T>
-using State = QProperty<T>;
+template <class T> using State = QProperty<T>;
 
 /// A two-way connection to a value that lives elsewhere; what is bound must outlive the binding.
-template <class T>
-struct Binding {
+template <class T> struct Binding {
     std::function<T()> get;
     std::function<void(T)> set;
 
@@ -34,8 +32,7 @@ struct Binding {
 
 /// Calls `show` with the value of `expression` now, and again whenever a State that the expression
 /// reads has changed it, for as long as `follower` lives. The states must outlive the follower.
-template <class Expression, class Show>
-void follow(QObject *follower, Expression expression, Show show)
+template <class Expression, class Show> void follow(QObject *follower, Expression expression, Show show)
 {
     using Value = std::decay_t<std::invoke_result_t<Expression &>>;
     // The subscription is a child of the follower, so it ends with it; a notifier in a local would
@@ -47,7 +44,7 @@ void follow(QObject *follower, Expression expression, Show show)
     };
     auto *subscription = new Subscription(follower);
     subscription->value.setBinding(std::move(expression));
-    subscription->notifier
-        = subscription->value.addNotifier([subscription, show] { show(subscription->value.value()); });
+    subscription->notifier =
+        subscription->value.addNotifier([subscription, show] { show(subscription->value.value()); });
     show(subscription->value.value());
 }

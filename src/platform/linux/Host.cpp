@@ -17,7 +17,7 @@ QString Host::name() const
 QString Host::userName() const
 {
     std::vector<char> room(size_t(16) << 10);
-    passwd entry {};
+    passwd entry{};
     passwd *found = nullptr;
     if (getpwuid_r(geteuid(), &entry, room.data(), room.size(), &found) == 0 && found)
         return QFile::decodeName(found->pw_name);

@@ -39,7 +39,7 @@ std::optional<QByteArray> readToEnd(int file, qint64 expected, qint64 limit)
 
 bool isRegularFile(const QString &path)
 {
-    struct stat about {};
+    struct stat about { };
     return ::stat(QFile::encodeName(path).constData(), &about) == 0 && S_ISREG(about.st_mode);
 }
 
@@ -48,11 +48,12 @@ std::optional<QByteArray> readRegularFile(const QString &path, qint64 limit)
     if (!isRegularFile(path))
         return std::nullopt;
     // O_NONBLOCK: what stands under the name may have been exchanged since, for a FIFO say.
-    const int file = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK);
+    const int file =
+        ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK);
     if (file < 0)
         return std::nullopt;
     const auto closing = qScopeGuard([file] { ::close(file); });
-    struct stat about {};
+    struct stat about { };
     if (::fstat(file, &about) != 0 || !S_ISREG(about.st_mode) || about.st_size > limit)
         return std::nullopt;
     return readToEnd(file, about.st_size, limit);
