@@ -1,12 +1,46 @@
 #include "app/Japanese.h"
 
-#include <QCoreApplication>
+#include <QApplication>
+#include <QFont>
+#include <QFontInfo>
 #include <QLocale>
 #include <QTranslator>
+
+#include <optional>
+#include <utility>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+// Has a value in the environment for as long as it lives.
+class PassingVariable {
+public:
+    PassingVariable(const char *name, const QByteArray &value)
+        : m_name(name)
+    {
+        if (qEnvironmentVariableIsSet(name))
+            m_before = qgetenv(name);
+        qputenv(name, value);
+    }
+    ~PassingVariable()
+    {
+        if (m_before)
+            qputenv(m_name, *m_before);
+        else
+            qunsetenv(m_name);
+    }
+    Q_DISABLE_COPY_MOVE(PassingVariable)
+
+private:
+    const char *m_name;
+    std::optional<QByteArray> m_before;
+};
+
+// Read by the font library when it is first asked for a font: a Chinese character then gets its
+// Japanese form.
+std::optional<PassingVariable> fontLanguage;
 
 class ToolkitTexts : public QTranslator {
 public:
@@ -14,7 +48,7 @@ public:
 
     QString translate(const char *context, const char *text, const char *comment, int n) const override
     {
-        const QString found = QTranslator::translate(context, text, comment, n);
+        QString found = QTranslator::translate(context, text, comment, n);
         // These texts have moved within the toolkit, but not yet within its translation.
         if (found.isEmpty() && qstrcmp(context, "QAbstractFileIconProvider") == 0)
             return QTranslator::translate("QFileDialog", text, comment, n);
@@ -22,25 +56,45 @@ public:
     }
 };
 
+// A font is followed by the colour pictures for the emoji that it lacks: some of the fonts that would
+// be asked first have a few emoji in black and white. The family is the one found, not the one asked
+// for, lest the pictures' own blanks and digits come before it.
+QFont withColourEmoji(QFont font)
+{
+    font.setFamilies({QFontInfo(font).family(), u"Noto Color Emoji"_s});
+    return font;
+}
+
+void chooseFonts()
+{
+    const QFont general = QApplication::font();
+    std::vector<std::pair<const char *, QFont>> special; // what the desktop wants otherwise
+    for (const char *kind : {"QMenu", "QMenuBar", "QMessageBox", "QToolButton", "QAbstractItemView"}) {
+        if (QApplication::font(kind) != general)
+            special.emplace_back(kind, QApplication::font(kind));
+    }
+    QApplication::setFont(withColourEmoji(general));
+    for (const auto &[kind, font] : special)
+        QApplication::setFont(withColourEmoji(font), kind);
+}
+
 } // namespace
 
-// The toolkit's dialogs ask for the system's locale, which it reads from the environment, once. The
-// programs that we start later shall find the environment as it was.
 void adoptJapaneseLocale()
 {
-    constexpr const char *variable = "LC_ALL";
-    const bool wasSet = qEnvironmentVariableIsSet(variable);
-    const QByteArray before = qgetenv(variable);
-    qputenv(variable, "ja_JP.UTF-8");
-    QLocale::setDefault(QLocale::system());
-    if (wasSet)
-        qputenv(variable, before);
-    else
-        qunsetenv(variable);
+    {
+        // The toolkit's dialogs ask for the system's locale, which is read from there once.
+        const PassingVariable locale("LC_ALL", "ja_JP.UTF-8");
+        QLocale::setDefault(QLocale::system());
+    }
+    fontLanguage.emplace("FC_LANG", "ja");
 }
 
 void installJapaneseTexts()
 {
+    chooseFonts();
+    fontLanguage.reset();
+
     auto *texts = new ToolkitTexts(QCoreApplication::instance());
     if (texts->load(u":/translations/qtbase_ja.qm"_s))
         QCoreApplication::installTranslator(texts);

@@ -7,6 +7,9 @@
 MainWindow::MainWindow()
     : m_frame(m_content.body())
 {
+    setAnimated(false);
+    addToolBar(m_content.toolbar());
+    setContextMenuPolicy(Qt::PreventContextMenu); // it would offer to hide the toolbar for good
     setCentralWidget(m_frame);
 }
 

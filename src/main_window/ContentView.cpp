@@ -3,7 +3,10 @@
 #include "browsers/BrowserPicker.h"
 #include "main_window/Columns.h"
 #include "main_window/SelectionPane.h"
-#include "play/PlayArea.h"
+#include "play/Alert.h"
+#include "play/EventToolbar.h"
+#include "play/Events.h"
+#include "play/JourneyBoard.h"
 #include "reading/OpeningMessage.h"
 #include "reading/ReadingControls.h"
 #include "reading/TextPane.h"
@@ -77,10 +80,24 @@ QWidget *ContentView::detailColumn()
         {
             controls,
             sharingHeight(textPaneShare, m_textPane),
-            sharingHeight(playAreaShare, new PlayArea),
+            sharingHeight(playAreaShare, playArea()),
         },
         {.padded = true});
     return onAppear([this] { readHost(); }, Scrollable(column));
+}
+
+QWidget *ContentView::playArea()
+{
+    const AlertActions actions{.ok = [] {}, .cancel = [] {}};
+    auto *board = new JourneyBoard({offset, movingRight, movingStr, btnStatus});
+    return alertWhen(showAlert, alertMessage, actions, board);
+}
+
+QToolBar *ContentView::toolbar()
+{
+    return EventToolbar([this](const Event &event) {
+        perform(event, m_surroundings.defaults, btnStatus, alertMessage, showAlert);
+    });
 }
 
 void ContentView::openText()

@@ -17,6 +17,7 @@
 class Columns;
 class Frame;
 class QMenu;
+class QToolBar;
 class TextPane;
 
 /// The content of a main window: its state, its actions, and the view that shows them. Each window
@@ -35,8 +36,9 @@ public:
     explicit ContentView(Seed seed, Surroundings &surroundings = Surroundings::standard());
     Q_DISABLE_COPY_MOVE(ContentView)
 
-    /// Builds the view; called once.
+    /// Builds the view, and the toolbar that goes with it; called once each.
     Frame *body();
+    QToolBar *toolbar();
 
     void openText();
     void savePDF(const QString &fileName);
@@ -50,6 +52,7 @@ public:
 private:
     void readHost();
     QWidget *detailColumn();
+    QWidget *playArea();
 
     Surroundings &m_surroundings;
 

@@ -2,7 +2,7 @@
 
 #include "reading/ReadingText.h"
 
-#include <QFontDatabase>
+#include <QApplication>
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QScrollBar>
@@ -15,7 +15,7 @@ TextPane::TextPane(ReadingText &text, const State<double> &fontSize)
     follow(
         this, [&fontSize] { return fontSize.value(); },
         [this](double points) {
-            QFont system = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
+            QFont system = QApplication::font();
             system.setPointSizeF(points);
             setFont(system);
         });

@@ -1,0 +1,53 @@
+#include "play/Alert.h"
+
+#include <QCoreApplication>
+#include <QMessageBox>
+#include <QPointer>
+#include <QPushButton>
+
+#include <memory>
+
+namespace {
+
+struct Titles {
+    Q_DECLARE_TR_FUNCTIONS(Alert)
+};
+
+QMessageBox *newAlert(const QString &title, const AlertActions &act, State<bool> &showAlert, QWidget *window)
+{
+    auto *alert = new QMessageBox(window);
+    alert->setAttribute(Qt::WA_DeleteOnClose);
+    alert->setWindowModality(Qt::WindowModal);
+    alert->setWindowTitle(title);
+    alert->setTextFormat(Qt::PlainText);
+    alert->setText(title);
+    // Buttons of this role stand in the order in which they are added, whatever the desktop's style.
+    QPushButton *ok = alert->addButton(Titles::tr("OK"), QMessageBox::ActionRole);
+    QPushButton *cancel = alert->addButton(Titles::tr("キャンセル"), QMessageBox::ActionRole);
+    alert->setDefaultButton(ok);
+    alert->setEscapeButton(cancel);
+    QObject::connect(alert, &QDialog::finished, alert, [alert, ok, act, &showAlert] {
+        (alert->clickedButton() == ok ? act.ok : act.cancel)();
+        showAlert = false;
+    });
+    return alert;
+}
+
+} // namespace
+
+QWidget *alertWhen(State<bool> &showAlert, const State<QString> &alertMessage, AlertActions act, QWidget *widget)
+{
+    const auto shown = std::make_shared<QPointer<QMessageBox>>();
+    const auto present = [&showAlert, &alertMessage, act = std::move(act), widget, shown](bool show) {
+        QPointer<QMessageBox> &alert = *shown;
+        if (show) {
+            alert = newAlert(alertMessage, act, showAlert, widget->window());
+            alert->open();
+        } else if (alert && alert->isVisible()) {
+            alert->disconnect(); // nobody has pressed anything
+            alert->close();
+        }
+    };
+    follow(widget, [&showAlert] { return showAlert.value(); }, present);
+    return widget;
+}

@@ -1,0 +1,10 @@
+#pragma once
+
+#include <functional>
+
+class QToolBar;
+struct Event;
+
+/// The event buttons: the first at the leading end of the window's toolbar, the others together at
+/// its trailing end. Those that have no room are reached through the toolbar's own overflow button.
+QToolBar *EventToolbar(const std::function<void(const Event &)> &pressed);

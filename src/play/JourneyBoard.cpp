@@ -1,0 +1,191 @@
+#include "play/JourneyBoard.h"
+
+#include <QCoreApplication>
+#include <QEvent>
+#include <QPushButton>
+#include <QStyle>
+
+#include <algorithm>
+#include <utility>
+
+using namespace Journey;
+
+namespace {
+
+struct Titles {
+    Q_DECLARE_TR_FUNCTIONS(JourneyBoard)
+};
+
+QString title(Destination destination)
+{
+    switch (destination) {
+    case Destination::BuyFood: return Titles::tr("食品購入");
+    case Destination::BuyClothes: return Titles::tr("衣類購入");
+    case Destination::Shop: return Titles::tr("お店");
+    case Destination::OwnPlace: return Titles::tr("居場所");
+    case Destination::Disembark: return Titles::tr("下船");
+    case Destination::FujiPark: return Titles::tr("冨士山公園");
+    case Destination::Station: return Titles::tr("駅");
+    }
+    return {};
+}
+
+} // namespace
+
+JourneyBoard::JourneyBoard(const Fields &fields)
+    : m_fields(fields)
+    , m_boat(new QPushButton(this))
+{
+    m_boat->resize(int(boatWidth), int(boatHeight));
+    connect(m_boat, &QPushButton::clicked, this, &JourneyBoard::press);
+    for (const Destination destination : destinations) {
+        auto *button = new QPushButton(title(destination), this);
+        connect(button, &QPushButton::clicked, this, [this, destination] { travel(destination); });
+        m_stops.push_back({destination, button});
+    }
+    follow(this, [this] { return m_fields.movingStr.value(); },
+           [this](const QString &label) { m_boat->setText(label); });
+    const auto whatMatters
+        = [this] { return std::pair(m_fields.btnStatus.value(), isAnchored(m_fields.movingStr.value())); };
+    follow(this, whatMatters, [this](const auto &) { showWhatIsThere(); });
+    follow(this, [this] { return m_fields.offset.value(); }, [this](double) { place(); });
+}
+
+QSize JourneyBoard::sizeHint() const
+{
+    return {int(boatWidth), int(boatHeight) + rowHeight() + 3 * spacing()};
+}
+
+void JourneyBoard::press()
+{
+    setBoard(boatPressed(board(), width()));
+}
+
+void JourneyBoard::travel(Destination destination)
+{
+    setBoard(arrived(destination, board()));
+}
+
+Board JourneyBoard::board() const
+{
+    return {.offset = m_fields.offset,
+            .movingRight = m_fields.movingRight,
+            .movingStr = m_fields.movingStr,
+            .btnStatus = m_fields.btnStatus};
+}
+
+// The views follow once, when all four are set.
+void JourneyBoard::setBoard(const Board &board)
+{
+    Qt::beginPropertyUpdateGroup();
+    m_fields.offset = board.offset;
+    m_fields.movingRight = board.movingRight;
+    m_fields.movingStr = board.movingStr;
+    m_fields.btnStatus = board.btnStatus;
+    Qt::endPropertyUpdateGroup();
+}
+
+bool JourneyBoard::event(QEvent *event)
+{
+    switch (event->type()) {
+    case QEvent::Show: joinWindow(); break;
+    case QEvent::Hide: showWhatIsThere(); break;
+    case QEvent::Resize:
+    case QEvent::Move:
+    case QEvent::FontChange:
+    case QEvent::StyleChange: place(); break;
+    default: break;
+    }
+    return QWidget::event(event);
+}
+
+// The board's place in the window changes with every widget that it stands in.
+bool JourneyBoard::eventFilter(QObject *, QEvent *event)
+{
+    if (event->type() == QEvent::Move || event->type() == QEvent::Resize)
+        place();
+    return false;
+}
+
+void JourneyBoard::joinWindow()
+{
+    if (m_boat->parentWidget() != window()) {
+        m_boat->setParent(window());
+        for (const Stop &stop : m_stops)
+            stop.button->setParent(window());
+        for (QWidget *holder = parentWidget(); holder && holder != window(); holder = holder->parentWidget())
+            holder->installEventFilter(this);
+    }
+    showWhatIsThere();
+}
+
+void JourneyBoard::showWhatIsThere()
+{
+    const bool onScreen = isVisible();
+    std::vector<QPushButton *> leaving;
+    QPushButton *first = nullptr;
+    const auto show = [&](QPushButton *button, bool isThere) {
+        if (!isThere || !onScreen)
+            leaving.push_back(button);
+        else {
+            button->show();
+            first = first ? first : button;
+        }
+    };
+    for (const Stop &stop : m_stops)
+        show(stop.button, isShown(stop.destination, m_fields.btnStatus, m_fields.movingStr.value()));
+    show(m_boat, isBoatShown(m_fields.btnStatus));
+    place();
+
+    // The keyboard stays on the board: its focus goes over before the button that has it goes.
+    for (QPushButton *button : leaving) {
+        if (first && button->hasFocus())
+            first->setFocus();
+        button->hide();
+    }
+}
+
+void JourneyBoard::place()
+{
+    if (!isVisible())
+        return;
+    placeBoat();
+    placeRow();
+}
+
+void JourneyBoard::placeBoat()
+{
+    const double free = height() - boatHeight - rowHeight() - 3 * spacing();
+    const double top = std::max(0.0, free / 2) + spacing();
+    const double left = (width() - boatWidth) / 2 + m_fields.offset;
+    m_boat->move(mapTo(window(), QPoint(qRound(left), qRound(top))));
+}
+
+void JourneyBoard::placeRow()
+{
+    double room = -spacing();
+    for (const Stop &stop : m_stops) {
+        if (!stop.button->isHidden())
+            room += stop.button->sizeHint().width() + spacing();
+    }
+    double left = (width() - room) / 2;
+    for (const Stop &stop : m_stops) {
+        if (stop.button->isHidden())
+            continue;
+        const QSize size = stop.button->sizeHint();
+        const double shifted = left + displacement(stop.destination, m_fields.offset);
+        const int top = height() - (rowHeight() + size.height()) / 2;
+        stop.button->setGeometry(QRect(mapTo(window(), QPoint(qRound(shifted), top)), size));
+        left += size.width() + spacing();
+    }
+}
+
+int JourneyBoard::rowHeight() const
+{
+    return m_stops.front().button->sizeHint().height();
+}
+
+int JourneyBoard::spacing() const
+{
+    return style()->pixelMetric(QStyle::PM_LayoutVerticalSpacing);
+}
