@@ -5,6 +5,7 @@
 #include <QAction>
 #include <QCoreApplication>
 #include <QToolBar>
+#include <QToolButton>
 
 namespace {
 
@@ -34,9 +35,10 @@ QToolBar *EventToolbar(const std::function<void(const Event &)> &pressed)
             bar->addWidget(flexibleSpace());
     }
     // Toolbars leave their buttons to the mouse; these have no other way to be pressed.
-    for (QWidget *button : bar->findChildren<QWidget *>()) {
-        if (button->inherits("QToolButton"))
-            button->setFocusPolicy(Qt::StrongFocus);
+    for (QToolButton *button : bar->findChildren<QToolButton *>()) {
+        button->setFocusPolicy(Qt::StrongFocus);
+        if (!button->defaultAction())
+            button->setAccessibleName(Titles::tr("その他の出来事")); // the overflow button
     }
     return bar;
 }

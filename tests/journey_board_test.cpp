@@ -1,0 +1,328 @@
+#include "play/Journey.h"
+#include "play/JourneyBoard.h"
+
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTest>
+#include <QVBoxLayout>
+
+using namespace Journey;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+Board sailingAt(double offset)
+{
+    return {.offset = offset};
+}
+
+Board returningFrom(double offset)
+{
+    return {.offset = offset, .movingRight = false, .movingStr = sailing.toString()};
+}
+
+Board anchored(double offset, QStringView label)
+{
+    return {.offset = offset, .movingRight = false, .movingStr = label.toString()};
+}
+
+} // namespace
+
+char *toString(const Board &board)
+{
+    return QTest::toString(u"%1 %2 %3 stage %4"_s.arg(board.offset)
+                               .arg(board.movingRight ? u"right"_s : u"left"_s)
+                               .arg(board.movingStr)
+                               .arg(board.btnStatus));
+}
+
+class JourneyBoardTest : public QObject {
+    Q_OBJECT
+
+    // A board in a window of its own, below something else that can have the keyboard focus.
+    struct Shown {
+        State<double> offset{0};
+        State<bool> movingRight{true};
+        State<QString> movingStr{sailing.toString()};
+        State<qint64> btnStatus{0};
+        QWidget window;
+        QLineEdit *other = new QLineEdit;
+        JourneyBoard *board = new JourneyBoard({offset, movingRight, movingStr, btnStatus});
+
+        explicit Shown(int boardWidth = 500)
+        {
+            auto *layout = new QVBoxLayout(&window);
+            layout->addWidget(other);
+            layout->addWidget(board);
+            const int margins = layout->contentsMargins().left() + layout->contentsMargins().right();
+            window.resize(boardWidth + margins, 300);
+            window.show();
+        }
+        QPushButton *button(const QString &title) const
+        {
+            for (QPushButton *candidate : window.findChildren<QPushButton *>()) {
+                if (candidate->isVisible() && candidate->text() == title)
+                    return candidate;
+            }
+            return nullptr;
+        }
+        QPushButton *boat() const { return button(movingStr); }
+        QStringList shown() const
+        {
+            QStringList titles;
+            for (const QPushButton *candidate : window.findChildren<QPushButton *>()) {
+                if (candidate->isVisible())
+                    titles += candidate->text();
+            }
+            return titles;
+        }
+        // How far a button is from the middle of the board.
+        double fromMiddle(const QPushButton *shownButton) const
+        {
+            return shownButton->geometry().center().x() - board->geometry().center().x();
+        }
+        void press(int times) const
+        {
+            for (int i = 0; i < times; ++i)
+                boat()->click();
+        }
+    };
+
+private slots:
+    void theLabelsAreByteForByte()
+    {
+        QCOMPARE(sailing.toUtf8().toHex(), QByteArray("e888b9f09f9ba5"));
+        QCOMPARE(anchoredRight.toUtf8().toHex(), QByteArray("e888b9f09f9ba5e29a93efb88f"));
+        QCOMPARE(anchoredLeft.toUtf8().toHex(), QByteArray("e888b9e29a93efb88ff09f9ba5"));
+    }
+
+    void aPressMovesTheBoat_data()
+    {
+        QTest::addColumn<Board>("before");
+        QTest::addColumn<double>("width");
+        QTest::addColumn<Board>("after");
+        const Board right = anchored(400, anchoredRight), left = anchored(0, anchoredLeft);
+
+        QTest::newRow("a step to the right") << sailingAt(0) << 500.0 << sailingAt(50);
+        QTest::newRow("the last step before the limit") << sailingAt(300) << 500.0 << sailingAt(350);
+        QTest::newRow("a step onto the limit anchors") << sailingAt(350) << 500.0 << right;
+        QTest::newRow("a step past the limit snaps back to it")
+            << sailingAt(350) << 480.0 << anchored(380, anchoredRight);
+        QTest::newRow("a fractional limit is kept")
+            << sailingAt(350) << 480.25 << anchored(380.25, anchoredRight);
+        QTest::newRow("half a point short of the limit sails on")
+            << sailingAt(350) << 500.5 << sailingAt(400);
+        QTest::newRow("a window made narrower anchors far back")
+            << sailingAt(350) << 200.0 << anchored(100, anchoredRight);
+        QTest::newRow("a region of 150 anchors at once")
+            << sailingAt(0) << 150.0 << anchored(50, anchoredRight);
+        QTest::newRow("a region as wide as the boat")
+            << sailingAt(0) << 100.0 << anchored(0, anchoredRight);
+        QTest::newRow("no region at all") << sailingAt(0) << 0.0 << anchored(-100, anchoredRight);
+        QTest::newRow("from the right anchor a step to the left") << right << 500.0 << returningFrom(350);
+        QTest::newRow("the left limit doesn't depend on the width") << right << 90.0 << returningFrom(350);
+        QTest::newRow("a step onto the left limit anchors") << returningFrom(50) << 500.0 << left;
+        QTest::newRow("a step past it snaps back to it") << returningFrom(30) << 500.0 << left;
+        QTest::newRow("from a negative right anchor straight to the left one")
+            << anchored(-100, anchoredRight) << 0.0 << left;
+        QTest::newRow("at the left anchor it stays") << left << 500.0 << left;
+    }
+    void aPressMovesTheBoat()
+    {
+        QFETCH(Board, before);
+        QFETCH(double, width);
+        QFETCH(Board, after);
+        for (const qint64 stage : {0, -4}) { // the stage is none of the boat's business
+            before.btnStatus = after.btnStatus = stage;
+            QCOMPARE(boatPressed(before, width), after);
+        }
+    }
+
+    // Whatever the width, and however it changes: within limits, out and back, and then at rest.
+    void everyVoyageEndsAtTheLeftAnchor()
+    {
+        for (double width = 0; width <= 5000; width += 12.25) {
+            Board board;
+            int presses = 0;
+            for (; board.movingRight; ++presses) {
+                QVERIFY(board.offset >= leftLimit && presses <= 100);
+                board = boatPressed(board, presses % 2 ? width : width / 2 + 100);
+            }
+            QVERIFY(isAnchored(board.movingStr));
+            while (board.movingStr != anchoredLeft) {
+                board = boatPressed(board, width);
+                QVERIFY(board.offset >= leftLimit && ++presses <= 210);
+            }
+            QCOMPARE(board.offset, leftLimit);
+        }
+    }
+
+    void destinationsLeadOn_data()
+    {
+        QTest::addColumn<Destination>("destination");
+        QTest::addColumn<qint64>("stage");
+        QTest::addColumn<bool>("sendsOff");
+        QTest::newRow("食品購入") << Destination::BuyFood << qint64(0) << false;
+        QTest::newRow("衣類購入") << Destination::BuyClothes << qint64(-1) << false;
+        QTest::newRow("お店") << Destination::Shop << qint64(1) << false;
+        QTest::newRow("居場所") << Destination::OwnPlace << qint64(2) << false;
+        QTest::newRow("下船") << Destination::Disembark << qint64(-2) << false;
+        QTest::newRow("冨士山公園") << Destination::FujiPark << qint64(-3) << true;
+        QTest::newRow("駅") << Destination::Station << qint64(-4) << true;
+    }
+    void destinationsLeadOn()
+    {
+        QFETCH(Destination, destination);
+        QFETCH(qint64, stage);
+        QFETCH(bool, sendsOff);
+        for (Board before : {anchored(400, anchoredRight), anchored(0, anchoredLeft), sailingAt(150)}) {
+            Board expected = sendsOff ? sailingAt(0) : before;
+            expected.btnStatus = stage;
+            QCOMPARE(arrived(destination, before), expected);
+        }
+    }
+
+    void eachStageShowsItsButtons_data()
+    {
+        QTest::addColumn<qint64>("stage");
+        QTest::addColumn<QString>("label");
+        QTest::addColumn<QStringList>("buttons");
+        const QString sail = sailing.toString(), right = anchoredRight.toString();
+        QTest::newRow("4: nothing") << qint64(4) << sail << QStringList();
+        QTest::newRow("3: the own place") << qint64(3) << sail << QStringList{u"居場所"_s};
+        QTest::newRow("2: the shop") << qint64(2) << sail << QStringList{u"お店"_s};
+        QTest::newRow("1: what to buy") << qint64(1) << sail << QStringList{u"食品購入"_s, u"衣類購入"_s};
+        QTest::newRow("0: the boat") << qint64(0) << sail << QStringList{sail};
+        QTest::newRow("-4: the boat") << qint64(-4) << sail << QStringList{sail};
+        QTest::newRow("anchored: boat and anchor buttons")
+            << qint64(-1) << right << QStringList{right, u"下船"_s, u"冨士山公園"_s, u"駅"_s};
+        QTest::newRow("anchored but ashore: the anchor buttons stay")
+            << qint64(3) << right << QStringList{u"居場所"_s, u"下船"_s, u"冨士山公園"_s, u"駅"_s};
+        QTest::newRow("another label is no anchor") << qint64(5) << u"船🛥⚓"_s << QStringList();
+    }
+    void eachStageShowsItsButtons()
+    {
+        QFETCH(qint64, stage);
+        QFETCH(QString, label);
+        Shown shown;
+        shown.btnStatus = stage;
+        shown.movingStr = label;
+        QTEST(shown.shown(), "buttons");
+    }
+
+    void theBoatIsShiftedFromItsCentredPlace()
+    {
+        const Shown shown(500);
+        QCOMPARE(shown.board->width(), 500);
+        QCOMPARE(shown.boat()->size(), QSize(100, 40));
+        const int height = shown.boat()->y();
+        for (int step = 1; step <= 8; ++step) {
+            shown.press(1);
+            QCOMPARE(shown.fromMiddle(shown.boat()), step * 50.0);
+            QCOMPARE(shown.boat()->y(), height);
+        }
+        QCOMPARE(shown.movingStr.value(), anchoredRight.toString());
+        QVERIFY(shown.boat()->geometry().left()
+                > shown.board->geometry().right() - 100); // beyond the region
+    }
+
+    void theAnchorButtonsAreShiftedFromTheirOwnPlaces()
+    {
+        Shown shown(500);
+        shown.press(8);
+        const QStringList titles{u"下船"_s, u"冨士山公園"_s, u"駅"_s};
+        QList<int> atRight, heights;
+        for (const QString &title : titles) {
+            atRight += shown.button(title)->x();
+            heights += shown.button(title)->y();
+        }
+        shown.press(9);
+        QCOMPARE(shown.movingStr.value(), anchoredLeft.toString());
+        for (int i = 0; i < 3; ++i) {
+            const QPushButton *button = shown.button(titles[i]);
+            QCOMPARE(atRight[i] - button->x(), 400);
+            QCOMPARE(button->y(), heights[i]);
+            QCOMPARE(button->geometry().bottom(), shown.board->geometry().bottom());
+        }
+        // Side by side and centred, but for their own displacements of 0, -150 and -300.
+        const QRect first = shown.button(titles[0])->geometry();
+        const QRect second = shown.button(titles[1])->geometry().translated(150, 0);
+        const QRect third = shown.button(titles[2])->geometry().translated(300, 0);
+        QVERIFY(first.right() < second.left() && second.right() < third.left());
+        QVERIFY(qAbs((first.left() + third.right()) / 2 - shown.board->geometry().center().x()) <= 1);
+    }
+
+    void displacedButtonsTakeClicksAbovePanesAndKeepTheFocusOutside()
+    {
+        Shown shown(500);
+        shown.press(17); // to the left anchor
+        QPushButton *station = shown.button(u"駅"_s);
+        QVERIFY(station->x() < shown.board->x() + 100);
+        QCOMPARE(shown.window.childAt(shown.boat()->geometry().center()), shown.boat());
+        station->click();
+        QCOMPARE(shown.btnStatus.value(), -4);
+
+        QVERIFY(QTest::qWaitForWindowActive(&shown.window));
+        shown.boat()->setFocus();
+        for (int i = 0; i < 17; ++i)
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
+        QCOMPARE(shown.movingStr.value(), anchoredLeft.toString());
+        QVERIFY(shown.boat()->hasFocus());
+    }
+
+    void theKeyboardStaysOnTheBoard()
+    {
+        Shown shown;
+        QVERIFY(QTest::qWaitForWindowActive(&shown.window));
+        shown.boat()->setFocus();
+        shown.btnStatus = 3;
+        for (const QString &title : {u"居場所"_s, u"お店"_s, u"食品購入"_s}) {
+            QVERIFY2(shown.button(title)->hasFocus(), qPrintable(title));
+            QTest::keyClick(shown.button(title), Qt::Key_Space);
+        }
+        QVERIFY(shown.boat()->hasFocus());
+        shown.other->setFocus();
+        shown.btnStatus = 3; // the focus that is elsewhere stays there
+        QVERIFY(shown.other->hasFocus());
+    }
+
+    void theNextPressUsesTheWidthOfNow()
+    {
+        Shown shown(700);
+        shown.press(10);
+        QCOMPARE(shown.offset.value(), 500.0);
+        shown.window.resize(shown.window.width() - 300, 300);
+        QCOMPARE(shown.offset.value(), 500.0);
+        QCOMPARE(shown.fromMiddle(shown.boat()), 500.0);
+        shown.press(1);
+        QCOMPARE(shown.offset.value(), 300.0);
+        QCOMPARE(shown.movingStr.value(), anchoredRight.toString());
+    }
+
+    void nothingElseMovesWhenTheBoardChanges()
+    {
+        Shown shown;
+        const QRect other = shown.other->geometry(), board = shown.board->geometry();
+        for (const qint64 stage : {3, 2, 1, 0, -4, 4})
+            shown.btnStatus = stage;
+        shown.btnStatus = 0;
+        shown.press(20);
+        QCoreApplication::processEvents();
+        QCOMPARE(shown.other->geometry(), other);
+        QCOMPARE(shown.board->geometry(), board);
+    }
+
+    void aHiddenBoardHasNoButtons()
+    {
+        Shown shown;
+        shown.board->hide();
+        QCOMPARE(shown.shown(), QStringList());
+        shown.btnStatus = 2;
+        QCOMPARE(shown.shown(), QStringList());
+        shown.board->show();
+        QCOMPARE(shown.shown(), QStringList{u"お店"_s});
+    }
+};
+
+QTEST_MAIN(JourneyBoardTest)
+#include "journey_board_test.moc"
