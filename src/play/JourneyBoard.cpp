@@ -41,14 +41,14 @@ JourneyBoard::JourneyBoard(const Fields &fields)
     for (const Destination destination : destinations) {
         auto *button = new QPushButton(title(destination), this);
         connect(button, &QPushButton::clicked, this, [this, destination] { travel(destination); });
-        m_stops.push_back({destination, button});
+        m_stops.push_back({destination, button, {}});
     }
     follow(this, [this] { return m_fields.movingStr.value(); },
            [this](const QString &label) { m_boat->setText(label); });
     const auto whatMatters
         = [this] { return std::pair(m_fields.btnStatus.value(), isAnchored(m_fields.movingStr.value())); };
     follow(this, whatMatters, [this](const auto &) { showWhatIsThere(); });
-    follow(this, [this] { return m_fields.offset.value(); }, [this](double) { place(); });
+    follow(this, [this] { return m_fields.offset.value(); }, [this](double) { displace(); });
 }
 
 QSize JourneyBoard::sizeHint() const
@@ -93,7 +93,7 @@ bool JourneyBoard::event(QEvent *event)
     case QEvent::Resize:
     case QEvent::Move:
     case QEvent::FontChange:
-    case QEvent::StyleChange: place(); break;
+    case QEvent::StyleChange: layOut(); break;
     default: break;
     }
     return QWidget::event(event);
@@ -103,7 +103,7 @@ bool JourneyBoard::event(QEvent *event)
 bool JourneyBoard::eventFilter(QObject *, QEvent *event)
 {
     if (event->type() == QEvent::Move || event->type() == QEvent::Resize)
-        place();
+        layOut();
     return false;
 }
 
@@ -135,7 +135,7 @@ void JourneyBoard::showWhatIsThere()
     for (const Stop &stop : m_stops)
         show(stop.button, isShown(stop.destination, m_fields.btnStatus, m_fields.movingStr.value()));
     show(m_boat, isBoatShown(m_fields.btnStatus));
-    place();
+    layOut();
 
     // The keyboard stays on the board: its focus goes over before the button that has it goes.
     for (QPushButton *button : leaving) {
@@ -145,38 +145,39 @@ void JourneyBoard::showWhatIsThere()
     }
 }
 
-void JourneyBoard::place()
+// Where the buttons belong, before any displacement.
+void JourneyBoard::layOut()
 {
     if (!isVisible())
         return;
-    placeBoat();
-    placeRow();
-}
-
-void JourneyBoard::placeBoat()
-{
     const double free = height() - boatHeight - rowHeight() - 3 * spacing();
-    const double top = std::max(0.0, free / 2) + spacing();
-    const double left = (width() - boatWidth) / 2 + m_fields.offset;
-    m_boat->move(mapTo(window(), QPoint(qRound(left), qRound(top))));
-}
+    const double boatTop = std::max(0.0, free / 2) + spacing();
+    m_boatPlace = mapTo(window(), QPointF((width() - boatWidth) / 2, boatTop));
 
-void JourneyBoard::placeRow()
-{
     double room = -spacing();
     for (const Stop &stop : m_stops) {
         if (!stop.button->isHidden())
             room += stop.button->sizeHint().width() + spacing();
     }
     double left = (width() - room) / 2;
-    for (const Stop &stop : m_stops) {
+    for (Stop &stop : m_stops) {
         if (stop.button->isHidden())
             continue;
         const QSize size = stop.button->sizeHint();
-        const double shifted = left + displacement(stop.destination, m_fields.offset);
-        const int top = height() - (rowHeight() + size.height()) / 2;
-        stop.button->setGeometry(QRect(mapTo(window(), QPoint(qRound(shifted), top)), size));
+        stop.button->resize(size);
+        stop.place = mapTo(window(), QPointF(left, height() - (rowHeight() + size.height()) / 2.0));
         left += size.width() + spacing();
+    }
+    displace();
+}
+
+void JourneyBoard::displace()
+{
+    const double offset = m_fields.offset;
+    m_boat->move((m_boatPlace + QPointF(offset, 0)).toPoint());
+    for (const Stop &stop : m_stops) {
+        if (!stop.button->isHidden())
+            stop.button->move((stop.place + QPointF(displacement(stop.destination, offset), 0)).toPoint());
     }
 }
 

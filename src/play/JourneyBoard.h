@@ -38,6 +38,7 @@ private:
     struct Stop {
         Journey::Destination destination;
         QPushButton *button;
+        QPointF place; ///< its own, in the window
     };
 
     void press();
@@ -47,13 +48,13 @@ private:
 
     void joinWindow();
     void showWhatIsThere();
-    void place();
-    void placeBoat();
-    void placeRow();
+    void layOut();
+    void displace();
     int rowHeight() const;
     int spacing() const;
 
     Fields m_fields;
     QPushButton *m_boat;
+    QPointF m_boatPlace; ///< its own, in the window
     std::vector<Stop> m_stops;
 };
