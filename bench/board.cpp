@@ -41,10 +41,12 @@ void pressBoat(int presses)
     window.resize(700, 200);
     window.show();
     // A boat at rest at the left is sent off again, so that all presses are those of a voyage.
-    follow(&window, [&] { return movingStr.value() == anchoredLeft; }, [&](bool atRest) {
-        if (atRest)
-            movingRight = true;
-    });
+    follow(
+        &window, [&] { return movingStr.value() == anchoredLeft; },
+        [&](bool atRest) {
+            if (atRest)
+                movingRight = true;
+        });
     for (QPushButton *button : window.findChildren<QPushButton *>()) {
         if (button->isVisible())
             return run(*button, presses);
@@ -72,7 +74,8 @@ qint64 instructions(const char *side, int presses)
     QProcess valgrind;
     valgrind.start(QStringLiteral("valgrind"),
                    {QStringLiteral("--tool=callgrind"), QStringLiteral("--callgrind-out-file=/dev/null"),
-                    QCoreApplication::applicationFilePath(), QString::fromLatin1(side), QString::number(presses)});
+                    QCoreApplication::applicationFilePath(), QString::fromLatin1(side),
+                    QString::number(presses)});
     valgrind.waitForFinished(-1);
     static const QRegularExpression total(QStringLiteral("Collected : (\\d+)"));
     const auto found = total.match(QString::fromLocal8Bit(valgrind.readAllStandardError()));
@@ -103,7 +106,7 @@ int main(int argc, char *argv[])
 
     const int presses = argc > 1 ? std::atoi(argv[1]) : 100'000;
     const double boat = perPress("boat", presses), hand = perPress("hand", presses);
-    std::printf("%-28s %9.0f %9.0f instructions  ratio %.2f (bar 3.00)\n", "a press of the boat", boat, hand,
-                boat / hand);
+    std::printf("%-28s %9.0f %9.0f instructions  ratio %.2f (bar 3.00)\n", "a press of the boat", boat,
+                hand, boat / hand);
     return 0;
 }

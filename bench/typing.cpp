@@ -58,7 +58,7 @@ private:
 void compare(const char *name, const QString &text, QTextCursor::MoveOperation where, int keys)
 {
     ReadingText content;
-    const State<double> size {FontSize::initial};
+    const State<double> size{FontSize::initial};
     TextPane pane(content, size);
     content = text;
     pane.moveCursor(where);

@@ -197,7 +197,7 @@ private slots:
         QTest::newRow("anchored: boat and anchor buttons")
             << qint64(-1) << right << QStringList{right, u"下船"_s, u"冨士山公園"_s, u"駅"_s};
         QTest::newRow("anchored but ashore: the anchor buttons stay")
-            << qint64(3) << right << QStringList{u"居場所"_s, u"下船"_s, u"冨士山公園"_s, u"駅"_s};
+            << qint64(3) << right << QStringList{u"下船"_s, u"冨士山公園"_s, u"駅"_s, u"居場所"_s};
         QTest::newRow("another label is no anchor") << qint64(5) << u"船🛥⚓"_s << QStringList();
     }
     void eachStageShowsItsButtons()
@@ -249,6 +249,8 @@ private slots:
         const QRect second = shown.button(titles[1])->geometry().translated(150, 0);
         const QRect third = shown.button(titles[2])->geometry().translated(300, 0);
         QVERIFY(first.right() < second.left() && second.right() < third.left());
+        QVERIFY(third.translated(-300, 0).right() < second.translated(-150, 0).left()); // nor displaced
+        QVERIFY(second.translated(-150, 0).right() < first.left());
         QVERIFY(qAbs((first.left() + third.right()) / 2 - shown.board->geometry().center().x()) <= 1);
     }
 
@@ -268,6 +270,16 @@ private slots:
             QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
         QCOMPARE(shown.movingStr.value(), anchoredLeft.toString());
         QVERIFY(shown.boat()->hasFocus());
+    }
+
+    void whatIsDisplacedNeverCoversWhatStays()
+    {
+        Shown shown(500);
+        shown.press(17);
+        shown.btnStatus = 3;
+        const QPushButton *ownPlace = shown.button(u"居場所"_s);
+        for (int x = ownPlace->x(); x < ownPlace->geometry().right(); ++x)
+            QCOMPARE(shown.window.childAt(x, ownPlace->geometry().center().y()), ownPlace);
     }
 
     void theKeyboardStaysOnTheBoard()

@@ -6,5 +6,6 @@
 /// Dates, numbers, sizes, and the fonts to look for; before the application object is made.
 void adoptJapaneseLocale();
 
-/// The fonts found, with emoji in colour, and the toolkit's own texts; after the application object is made.
+/// The fonts found, with emoji in colour, and the toolkit's own texts; after the application object is
+/// made.
 void installJapaneseTexts();

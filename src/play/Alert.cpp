@@ -13,7 +13,8 @@ struct Titles {
     Q_DECLARE_TR_FUNCTIONS(Alert)
 };
 
-QMessageBox *newAlert(const QString &title, const AlertActions &act, State<bool> &showAlert, QWidget *window)
+QMessageBox *newAlert(const QString &title, const AlertActions &act, State<bool> &showAlert,
+                      QWidget *window)
 {
     auto *alert = new QMessageBox(window);
     alert->setAttribute(Qt::WA_DeleteOnClose);
@@ -35,7 +36,8 @@ QMessageBox *newAlert(const QString &title, const AlertActions &act, State<bool>
 
 } // namespace
 
-QWidget *alertWhen(State<bool> &showAlert, const State<QString> &alertMessage, AlertActions act, QWidget *widget)
+QWidget *alertWhen(State<bool> &showAlert, const State<QString> &alertMessage, AlertActions act,
+                   QWidget *widget)
 {
     const auto shown = std::make_shared<QPointer<QMessageBox>>();
     const auto present = [&showAlert, &alertMessage, act = std::move(act), widget, shown](bool show) {
@@ -48,6 +50,7 @@ QWidget *alertWhen(State<bool> &showAlert, const State<QString> &alertMessage, A
             alert->close();
         }
     };
-    follow(widget, [&showAlert] { return showAlert.value(); }, present);
+    follow(
+        widget, [&showAlert] { return showAlert.value(); }, present);
     return widget;
 }

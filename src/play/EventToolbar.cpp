@@ -34,9 +34,10 @@ QToolBar *EventToolbar(const std::function<void(const Event &)> &pressed)
         if (&event == &events().front())
             bar->addWidget(flexibleSpace());
     }
-    // Toolbars leave their buttons to the mouse; these have no other way to be pressed.
+    // Toolbars leave their buttons to the mouse; these have no other way to be pressed. A click leaves
+    // the keyboard where it is.
     for (QToolButton *button : bar->findChildren<QToolButton *>()) {
-        button->setFocusPolicy(Qt::StrongFocus);
+        button->setFocusPolicy(Qt::TabFocus);
         if (!button->defaultAction())
             button->setAccessibleName(Titles::tr("その他の出来事")); // the overflow button
     }

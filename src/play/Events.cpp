@@ -34,8 +34,8 @@ const std::array<Event, 6> &events()
     return all;
 }
 
-void perform(const Event &event, UserDefaults &store, State<qint64> &btnStatus, State<QString> &alertMessage,
-             State<bool> &showAlert)
+void perform(const Event &event, UserDefaults &store, State<qint64> &btnStatus,
+             State<QString> &alertMessage, State<bool> &showAlert)
 {
     if (event.stage)
         btnStatus = *event.stage;

@@ -24,5 +24,5 @@ struct Event {
 const std::array<Event, 6> &events();
 
 /// Stage, store, message, alert, in this order.
-void perform(const Event &event, UserDefaults &store, State<qint64> &btnStatus, State<QString> &alertMessage,
-             State<bool> &showAlert);
+void perform(const Event &event, UserDefaults &store, State<qint64> &btnStatus,
+             State<QString> &alertMessage, State<bool> &showAlert);

@@ -39,13 +39,25 @@ Board boatPressed(Board board, double regionWidth)
 Board arrived(Destination destination, Board board)
 {
     switch (destination) {
-    case Destination::BuyFood: board.btnStatus = 0; break;
-    case Destination::BuyClothes: board.btnStatus = -1; break;
-    case Destination::Shop: board.btnStatus = 1; break;
-    case Destination::OwnPlace: board.btnStatus = 2; break;
-    case Destination::Disembark: board.btnStatus = -2; break;
-    case Destination::FujiPark: return sentOff(std::move(board), -3);
-    case Destination::Station: return sentOff(std::move(board), -4);
+    case Destination::BuyFood:
+        board.btnStatus = 0;
+        break;
+    case Destination::BuyClothes:
+        board.btnStatus = -1;
+        break;
+    case Destination::Shop:
+        board.btnStatus = 1;
+        break;
+    case Destination::OwnPlace:
+        board.btnStatus = 2;
+        break;
+    case Destination::Disembark:
+        board.btnStatus = -2;
+        break;
+    case Destination::FujiPark:
+        return sentOff(std::move(board), -3);
+    case Destination::Station:
+        return sentOff(std::move(board), -4);
     }
     return board;
 }
@@ -64,23 +76,34 @@ bool isShown(Destination destination, qint64 btnStatus, QStringView movingStr)
 {
     switch (destination) {
     case Destination::BuyFood:
-    case Destination::BuyClothes: return btnStatus == 1;
-    case Destination::Shop: return btnStatus == 2;
-    case Destination::OwnPlace: return btnStatus == 3;
-    case Destination::Disembark:
-    case Destination::FujiPark:
-    case Destination::Station: return isAnchored(movingStr);
+    case Destination::BuyClothes:
+        return btnStatus == 1;
+    case Destination::Shop:
+        return btnStatus == 2;
+    case Destination::OwnPlace:
+        return btnStatus == 3;
+    default:
+        return isDisplaced(destination) && isAnchored(movingStr);
     }
-    return false;
+}
+
+bool isDisplaced(Destination destination)
+{
+    return destination == Destination::Disembark || destination == Destination::FujiPark
+        || destination == Destination::Station;
 }
 
 double displacement(Destination destination, double offset)
 {
     switch (destination) {
-    case Destination::Disembark: return offset;
-    case Destination::FujiPark: return offset - 150;
-    case Destination::Station: return offset - 300;
-    default: return 0;
+    case Destination::Disembark:
+        return offset;
+    case Destination::FujiPark:
+        return offset - 150;
+    case Destination::Station:
+        return offset - 300;
+    default:
+        return 0;
     }
 }
 

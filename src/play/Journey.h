@@ -21,10 +21,10 @@ inline constexpr QStringView anchoredLeft = u"船⚓️🛥";
 
 /// What the board remembers.
 struct Board {
-    double offset = leftLimit;             ///< displacement of the boat
-    bool movingRight = true;               ///< direction of the next step
+    double offset = leftLimit;              ///< displacement of the boat
+    bool movingRight = true;                ///< direction of the next step
     QString movingStr = sailing.toString(); ///< the boat's label, which also tells whether it is anchored
-    qint64 btnStatus = 0;                  ///< stage: 3, 2, 1 ashore; 0 and below afloat
+    qint64 btnStatus = 0;                   ///< stage: 3, 2, 1 ashore; 0 and below afloat
 
     bool operator==(const Board &) const = default;
 };
@@ -53,6 +53,9 @@ Board arrived(Destination destination, Board board);
 bool isAnchored(QStringView movingStr);
 bool isBoatShown(qint64 btnStatus);
 bool isShown(Destination destination, qint64 btnStatus, QStringView movingStr);
+
+/// Whether a destination's button goes along with the boat; it is shown while that is anchored.
+bool isDisplaced(Destination destination);
 
 /// The displacement of a destination's button while the boat's is `offset`.
 double displacement(Destination destination, double offset);

@@ -19,15 +19,30 @@ struct Titles {
 QString title(Destination destination)
 {
     switch (destination) {
-    case Destination::BuyFood: return Titles::tr("食品購入");
-    case Destination::BuyClothes: return Titles::tr("衣類購入");
-    case Destination::Shop: return Titles::tr("お店");
-    case Destination::OwnPlace: return Titles::tr("居場所");
-    case Destination::Disembark: return Titles::tr("下船");
-    case Destination::FujiPark: return Titles::tr("冨士山公園");
-    case Destination::Station: return Titles::tr("駅");
+    case Destination::BuyFood:
+        return Titles::tr("食品購入");
+    case Destination::BuyClothes:
+        return Titles::tr("衣類購入");
+    case Destination::Shop:
+        return Titles::tr("お店");
+    case Destination::OwnPlace:
+        return Titles::tr("居場所");
+    case Destination::Disembark:
+        return Titles::tr("下船");
+    case Destination::FujiPark:
+        return Titles::tr("冨士山公園");
+    case Destination::Station:
+        return Titles::tr("駅");
     }
     return {};
+}
+
+// As wide as the title needs. The least width that a style gives its buttons would make those that are
+// displaced towards each other overlap.
+QSize compactSize(const QPushButton &button)
+{
+    constexpr int padding = 18;
+    return {button.fontMetrics().horizontalAdvance(button.text()) + padding, button.sizeHint().height()};
 }
 
 } // namespace
@@ -43,12 +58,15 @@ JourneyBoard::JourneyBoard(const Fields &fields)
         connect(button, &QPushButton::clicked, this, [this, destination] { travel(destination); });
         m_stops.push_back({destination, button, {}});
     }
-    follow(this, [this] { return m_fields.movingStr.value(); },
-           [this](const QString &label) { m_boat->setText(label); });
-    const auto whatMatters
-        = [this] { return std::pair(m_fields.btnStatus.value(), isAnchored(m_fields.movingStr.value())); };
+    follow(
+        this, [this] { return m_fields.movingStr.value(); },
+        [this](const QString &label) { m_boat->setText(label); });
+    const auto whatMatters = [this] {
+        return std::pair(m_fields.btnStatus.value(), isAnchored(m_fields.movingStr.value()));
+    };
     follow(this, whatMatters, [this](const auto &) { showWhatIsThere(); });
-    follow(this, [this] { return m_fields.offset.value(); }, [this](double) { displace(); });
+    follow(
+        this, [this] { return m_fields.offset.value(); }, [this](double) { displace(); });
 }
 
 QSize JourneyBoard::sizeHint() const
@@ -88,13 +106,20 @@ void JourneyBoard::setBoard(const Board &board)
 bool JourneyBoard::event(QEvent *event)
 {
     switch (event->type()) {
-    case QEvent::Show: joinWindow(); break;
-    case QEvent::Hide: showWhatIsThere(); break;
+    case QEvent::Show:
+        joinWindow();
+        break;
+    case QEvent::Hide:
+        showWhatIsThere();
+        break;
     case QEvent::Resize:
     case QEvent::Move:
     case QEvent::FontChange:
-    case QEvent::StyleChange: layOut(); break;
-    default: break;
+    case QEvent::StyleChange:
+        layOut();
+        break;
+    default:
+        break;
     }
     return QWidget::event(event);
 }
@@ -111,9 +136,15 @@ void JourneyBoard::joinWindow()
 {
     if (m_boat->parentWidget() != window()) {
         m_boat->setParent(window());
-        for (const Stop &stop : m_stops)
-            stop.button->setParent(window());
-        for (QWidget *holder = parentWidget(); holder && holder != window(); holder = holder->parentWidget())
+        // Later ones lie above: what stays in its place above what is displaced onto it.
+        for (const bool displaced : {true, false}) {
+            for (const Stop &stop : m_stops) {
+                if (isDisplaced(stop.destination) == displaced)
+                    stop.button->setParent(window());
+            }
+        }
+        for (QWidget *holder = parentWidget(); holder && holder != window();
+             holder = holder->parentWidget())
             holder->installEventFilter(this);
     }
     showWhatIsThere();
@@ -157,13 +188,13 @@ void JourneyBoard::layOut()
     double room = -spacing();
     for (const Stop &stop : m_stops) {
         if (!stop.button->isHidden())
-            room += stop.button->sizeHint().width() + spacing();
+            room += compactSize(*stop.button).width() + spacing();
     }
     double left = (width() - room) / 2;
     for (Stop &stop : m_stops) {
         if (stop.button->isHidden())
             continue;
-        const QSize size = stop.button->sizeHint();
+        const QSize size = compactSize(*stop.button);
         stop.button->resize(size);
         stop.place = mapTo(window(), QPointF(left, height() - (rowHeight() + size.height()) / 2.0));
         left += size.width() + spacing();
