@@ -1,0 +1,89 @@
+#include "platform/StandardOutput.h"
+
+#include <system_error>
+
+namespace {
+constexpr size_t mostPosted = 1000;
+}
+
+StandardOutput &StandardOutput::standard()
+{
+    static auto *output = new StandardOutput(stdout);
+    return *output;
+}
+
+StandardOutput::StandardOutput(std::FILE *stream)
+    : m_stream(stream)
+{
+}
+
+StandardOutput::~StandardOutput()
+{
+    {
+        const std::lock_guard lock(m_mutex);
+        m_isClosing = true;
+        m_changed.notify_all();
+    }
+    if (m_writer.joinable())
+        m_writer.join();
+}
+
+void StandardOutput::post(std::string line)
+{
+    const std::lock_guard lock(m_mutex);
+    if (m_isClosing || m_posted.size() >= mostPosted)
+        return;
+    m_posted.push_back(std::move(line));
+    m_isOpen = false;
+    wakeWriter();
+}
+
+void StandardOutput::finish(std::chrono::milliseconds patience)
+{
+    std::unique_lock lock(m_mutex);
+    m_isClosing = true;
+    m_isOpen = false;
+    wakeWriter();
+    m_changed.wait_for(lock, patience, [this] { return m_isWritten; });
+}
+
+// The stream's own lock goes to whoever asks first, and that is nearly always the thread that has
+// just given it back. So a run that prints on and on steps aside here until posted lines are out.
+bool StandardOutput::letOthersPass()
+{
+    std::unique_lock lock(m_mutex);
+    m_changed.wait(lock, [this] { return m_isOpen || m_isClosing; });
+    return !m_isClosing;
+}
+
+// Called with the mutex held.
+void StandardOutput::wakeWriter()
+{
+    try {
+        if (!m_writer.joinable())
+            m_writer = std::thread(&StandardOutput::writePosted, this);
+    } catch (const std::system_error &) {
+        m_isOpen = !m_isClosing; // no thread to be had: the line waits until the next one is posted
+    }
+    m_changed.notify_all();
+}
+
+// The writer thread: the only one that waits for the reader on behalf of the user-interface thread.
+void StandardOutput::writePosted()
+{
+    std::unique_lock lock(m_mutex);
+    while (!m_isWritten) {
+        m_changed.wait(lock, [this] { return m_isClosing || !m_posted.empty(); });
+        const bool isLast = m_isClosing; // nothing is posted any more
+        std::deque<std::string> lines;
+        lines.swap(m_posted);
+        lock.unlock();
+        for (const std::string &line : lines)
+            std::fputs(line.c_str(), m_stream);
+        std::fflush(m_stream);
+        lock.lock();
+        m_isOpen = m_posted.empty() && !m_isClosing;
+        m_isWritten = isLast;
+        m_changed.notify_all();
+    }
+}
