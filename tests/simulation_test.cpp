@@ -10,6 +10,7 @@
 #include <atomic>
 #include <functional>
 #include <map>
+#include <memory>
 #include <thread>
 
 #include <unistd.h>
@@ -56,16 +57,17 @@ std::map<QByteArray, int> occurrences(const QByteArray &output)
     return count;
 }
 
-// A pipe that is only read when the test says so.
+// A standard output that is only read when the test says so.
 class SlowReader {
 public:
     SlowReader()
     {
         if (::pipe(m_ends) == 0)
             m_stream = ::fdopen(m_ends[1], "w");
+        m_output = std::make_unique<StandardOutput>(m_stream);
     }
 
-    std::FILE *stream() { return m_stream; }
+    StandardOutput &output() { return *m_output; }
 
     void startReading()
     {
@@ -80,6 +82,7 @@ public:
 
     QByteArray readToEnd()
     {
+        m_output.reset();
         std::fclose(m_stream);
         m_reader.join();
         ::close(m_ends[0]);
@@ -89,6 +92,7 @@ public:
 private:
     int m_ends[2] = {-1, -1};
     std::FILE *m_stream = nullptr;
+    std::unique_ptr<StandardOutput> m_output;
     std::thread m_reader;
     QByteArray m_read;
     std::atomic<qsizetype> m_bytesRead = 0;
@@ -162,12 +166,11 @@ void SimulationTest::aRunPrintsTheSameLinesEveryTime()
 void SimulationTest::statusIsSaidOnTheCallingThread()
 {
     SlowReader reader;
-    StandardOutput output(reader.stream());
     QObject owner;
     QStringList said;
     QList<QThread *> threads;
     // The reader takes nothing yet: whoever waited for the run here would wait for ever.
-    startSimulation(&owner, [&](const QString &text) { said += text, threads += QThread::currentThread(); }, output);
+    startSimulation(&owner, [&](const QString &text) { said += text, threads += QThread::currentThread(); }, reader.output());
     QCOMPARE(said, QStringList {u"スレッド動作中"_s});
     reader.startReading();
     QTRY_COMPARE(said, (QStringList {u"スレッド動作中"_s, u"動作完了"_s}));
@@ -180,13 +183,12 @@ void SimulationTest::statusIsSaidOnTheCallingThread()
 void SimulationTest::overlappingRunsAreConcurrentAndKeepLinesWhole()
 {
     SlowReader reader;
-    StandardOutput output(reader.stream());
     QObject owner;
     int ended = 0;
     const auto count = [&](const QString &text) { ended += text == u"動作完了"_s; };
-    startSimulation(&owner, count, output);
-    startSimulation(&owner, count, output);
-    output.post("OK tapped\n");
+    startSimulation(&owner, count, reader.output());
+    startSimulation(&owner, count, reader.output());
+    reader.output().post("OK tapped\n");
     reader.startReading();
     QTRY_COMPARE_WITH_TIMEOUT(ended, 2, 20'000);
 
@@ -202,18 +204,16 @@ void SimulationTest::overlappingRunsAreConcurrentAndKeepLinesWhole()
 
 void SimulationTest::aRunOutlivesItsOwnerInSilence()
 {
-    SlowReader reader;
-    StandardOutput output(reader.stream());
+    static SlowReader &reader = *new SlowReader; // nothing tells when the run's thread is done with it
     QStringList said;
     {
         QObject owner;
-        startSimulation(&owner, [&](const QString &text) { said += text; }, output);
+        startSimulation(&owner, [&](const QString &text) { said += text; }, reader.output());
     }
     reader.startReading();
     QTRY_COMPARE(reader.bytesRead(), printed(simulation).size());
     QTest::qWait(50);
     QCOMPARE(said, QStringList {u"スレッド動作中"_s});
-    reader.readToEnd();
 }
 
 QTEST_GUILESS_MAIN(SimulationTest)

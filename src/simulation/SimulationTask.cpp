@@ -1,22 +1,20 @@
 #include "simulation/SimulationTask.h"
 
+#include "platform/Background.h"
 #include "simulation/Simulation.h"
-
-#include <QFutureWatcher>
-#include <QThreadPool>
-#include <QtConcurrentRun>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-// Shared by all runs and by nothing else, as a run may be held up by whoever reads its output: a
-// file must still load meanwhile. Never destroyed, since that would wait for the runs.
+// Shared by all runs and by nothing else: a run is held up by whoever reads its output, and a file
+// must still load meanwhile. Never destroyed, since that would wait for the runs.
 QThreadPool *backgroundPool()
 {
     static QThreadPool *pool = [] {
         auto *threads = new QThreadPool;
         threads->setMaxThreadCount(16);
+        threads->setExpiryTimeout(0); // runs are rare
         return threads;
     }();
     return pool;
@@ -27,14 +25,10 @@ QThreadPool *backgroundPool()
 void startSimulation(QObject *owner, std::function<void(const QString &)> setText, StandardOutput &output)
 {
     setText(u"スレッド動作中"_s);
-    // A watcher rather than a continuation: it may be destroyed, with its owner, at any moment.
-    auto *run = new QFutureWatcher<void>(owner);
-    QObject::connect(run, &QFutureWatcher<void>::finished, run, [run, setText = std::move(setText)] {
-        setText(u"動作完了"_s);
-        run->deleteLater();
-    });
-    run->setFuture(QtConcurrent::run(backgroundPool(), [&output] {
+    const auto waitFunc = [&output] {
         simulation(output);
         output.flush();
-    }));
+        return u"動作完了"_s;
+    };
+    inBackground(owner, waitFunc, std::move(setText), backgroundPool());
 }
