@@ -47,8 +47,8 @@ void StandardOutput::finish(std::chrono::milliseconds patience)
     m_changed.wait_for(lock, patience, [this] { return m_isWritten; });
 }
 
-// The stream's own lock goes to whoever asks first, and that is nearly always the thread that has
-// just given it back. So a run that prints on and on steps aside here until posted lines are out.
+// The stream's own lock keeps no queue: runs that print on and on could get it over and over while
+// a posted line waits for it. So they step aside here until that line is out.
 bool StandardOutput::letOthersPass()
 {
     std::unique_lock lock(m_mutex);
