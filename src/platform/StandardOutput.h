@@ -25,9 +25,9 @@ public:
     void print(const char *line)
     {
         if (m_isOpen.load(std::memory_order_relaxed) || letOthersPass())
-            std::fputs(line, m_stream);
+            write(line);
     }
-    void flush() { std::fflush(m_stream); }
+    void flush();
 
     /// For the user-interface thread: never waits. The line can be read as soon as the reader has
     /// taken what went before. While it takes nothing, a thousand lines are kept and no more.
@@ -38,6 +38,7 @@ public:
     void finish(std::chrono::milliseconds patience);
 
 private:
+    void write(const char *line);
     bool letOthersPass();
     void wakeWriter();
     void writePosted();

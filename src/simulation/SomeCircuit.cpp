@@ -8,12 +8,12 @@ SomeCircuit::SomeCircuit(StandardOutput &output)
 void SomeCircuit::productcodeSetting(qint64 n)
 {
     productcode = n;
-    m_output.print(("product code :" + std::to_string(productcode) + '\n').c_str());
+    m_output.print(std::string("product code :").append(std::to_string(productcode)).append("\n").c_str());
 }
 
 void SomeCircuit::signal(qint64 n)
 {
-    m_output.print((std::to_string(n) + '\n').c_str());
+    m_output.print(std::to_string(n).append("\n").c_str());
 }
 
 void SomeCircuit::signal0(qint64 n)
