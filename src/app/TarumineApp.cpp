@@ -5,6 +5,7 @@
 #include "app/Menus.h"
 #include "app/SettingsWindow.h"
 #include "platform/ApplicationFolders.h"
+#include "platform/Process.h"
 
 #include <QApplication>
 #include <QIcon>
@@ -27,7 +28,10 @@ int TarumineApp::main(int argc, char *argv[])
     app.newWindow();
     // Not needed for the first picture of the window, so it follows after it.
     QTimer::singleShot(0, [] { QApplication::setWindowIcon(QIcon(u":/icons/app-64.png"_s)); });
-    return QApplication::exec();
+    const int status = QApplication::exec();
+    // The windows and the toolkit go in order, unless something holds them up.
+    Process::endWithin(std::chrono::milliseconds(500), status);
+    return status;
 }
 
 TarumineApp::TarumineApp() = default;

@@ -1,6 +1,8 @@
 #include "app/TarumineApp.h"
+#include "platform/Process.h"
 
 int main(int argc, char *argv[])
 {
-    return TarumineApp::main(argc, argv);
+    Process::begin();
+    Process::end(TarumineApp::main(argc, argv));
 }

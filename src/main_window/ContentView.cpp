@@ -10,6 +10,7 @@
 #include "reading/OpeningMessage.h"
 #include "reading/ReadingControls.h"
 #include "reading/TextPane.h"
+#include "simulation/SimulationTask.h"
 #include "tree/Node.h"
 #include "tree/Sidebar.h"
 #include "view/Frame.h"
@@ -109,7 +110,10 @@ void ContentView::savePDF(const QString &) { }
 
 void ContentView::launchEdge() { }
 
-void ContentView::simulation() { }
+void ContentView::simulation()
+{
+    startSimulation(&text, [this](const QString &status) { text = status; });
+}
 
 void ContentView::readHost()
 {

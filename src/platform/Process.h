@@ -1,0 +1,20 @@
+#pragma once
+
+#include <chrono>
+
+/// The life of the process as the operating system sees it.
+namespace Process {
+
+/// The very first thing to do. From then on a reader of our output that goes away doesn't end the
+/// process, and standard input, output and error are open, if only to nowhere, so that no file
+/// opened later is taken for one of them.
+void begin();
+
+/// Writes out what has been printed, for as long as that goes quickly, and ends the process at once:
+/// whatever other threads are doing, and without the clean-up of a library that might wait for them.
+[[noreturn]] void end(int status);
+
+/// Ends the process like that after `delay`, should it not have ended before.
+void endWithin(std::chrono::milliseconds delay, int status);
+
+} // namespace Process

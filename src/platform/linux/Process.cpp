@@ -1,0 +1,16 @@
+#include "platform/Process.h"
+
+#include <csignal>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+void Process::begin()
+{
+    std::signal(SIGPIPE, SIG_IGN);
+    // A file always gets the lowest number that is free.
+    int file = ::open("/dev/null", O_RDWR);
+    while (file >= 0 && file <= STDERR_FILENO)
+        file = ::open("/dev/null", O_RDWR);
+    ::close(file);
+}
