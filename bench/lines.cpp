@@ -36,7 +36,7 @@ struct Sample {
 
 double milliseconds(clockid_t clock)
 {
-    timespec now {};
+    timespec now{};
     clock_gettime(clock, &now);
     return double(now.tv_sec) * 1e3 + double(now.tv_nsec) / 1e6;
 }
@@ -79,7 +79,7 @@ Sink file()
 Sink pipeThatIsRead()
 {
     int ends[2];
-    return pipe(ends) == 0 ? Sink {ends[1], ends[0]} : Sink {-1};
+    return pipe(ends) == 0 ? Sink{ends[1], ends[0]} : Sink{-1};
 }
 
 Sink terminal()
@@ -142,8 +142,8 @@ void compare(const char *name, Sink (*sink)(), int threads, int runs, double bar
 {
     const auto here = std::filesystem::canonical("/proc/self/exe");
     const std::string number = std::to_string(threads);
-    const std::vector<std::string> floorCommand {here.parent_path() / "lines_floor", number};
-    const std::vector<std::string> ourCommand {here, "--print", number};
+    const std::vector<std::string> floorCommand{here.parent_path() / "lines_floor", number};
+    const std::vector<std::string> ourCommand{here, "--print", number};
     std::vector<Sample> ours, floor;
     measured(floorCommand, sink), measured(ourCommand, sink); // warm the caches
     for (int i = 0; i < runs; ++i) {
@@ -153,7 +153,8 @@ void compare(const char *name, Sink (*sink)(), int threads, int runs, double bar
     for (const auto &[title, figure] : {std::pair("wall", &Sample::wall), std::pair("CPU", &Sample::cpu)}) {
         const double a = median(ours, figure);
         const double b = median(floor, figure);
-        std::printf("%d x %-18s %-4s %9.1f %9.1f ms   ratio %.2f (bar %.2f)\n", threads, name, title, a, b, a / b, bar);
+        std::printf("%d x %-18s %-4s %9.1f %9.1f ms   ratio %.2f (bar %.2f)\n", threads, name, title, a, b,
+                    a / b, bar);
         std::fflush(stdout);
     }
 }

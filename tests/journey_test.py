@@ -5,6 +5,7 @@ journey_test.py PROGRAM
 """
 import os
 import re
+import select
 import signal
 import subprocess
 import sys
@@ -78,6 +79,11 @@ class Journey(unittest.TestCase):
             return None
         return wait_for(accessible)
 
+    def printed(self):
+        """What can be read at the other end of the pipe, at once."""
+        readable, _, _ = select.select([self.program.stdout], [], [], 5)
+        return os.read(self.program.stdout.fileno(), 1 << 16) if readable else None
+
     def shown_text(self):
         text = self.find("text", "テキスト").queryText()
         return text.getText(0, text.characterCount)
@@ -103,7 +109,8 @@ class Journey(unittest.TestCase):
         self.assertEqual(places, sorted(places), "a screen reader reads in the order of the screen")
 
     def test_tab_goes_in_reading_order(self):
-        for name in ["テキスト", "フォルダA", "Font Size", "別スレッド", "読込", "簡易PDF", "起動", "ブラウザを選択", "テキスト"]:
+        for name in ["テキスト", "船🛥", "🐱Cat", "🐦Bird", "居場所", "手荷物", "暗黙知", "寄付", "フォルダA",
+                     "Font Size", "別スレッド", "読込", "簡易PDF", "起動", "ブラウザを選択", "テキスト"]:
             def focused():
                 self.app.clear_cache()
                 return [n for n in nodes(self.app)
@@ -134,7 +141,8 @@ class Journey(unittest.TestCase):
         self.assertEqual(self.shown_text(), before)
 
     def test_the_content_keeps_its_bounds(self):
-        bar = self.find("menu bar", "").queryComponent().getExtents(0).height
+        bar = sum(self.find(*which).queryComponent().getExtents(0).height
+                  for which in (("menu bar", ""), ("tool bar", "ツールバー")))
         for asked, given in (((999, 350), (999, 350)), ((3000, 3000), (1199, 650)), ((100, 100), (100, 100))):
             run("xdotool", "windowsize", self.window, str(asked[0]), str(asked[1] + bar))
             def resized():
@@ -153,6 +161,78 @@ class Journey(unittest.TestCase):
         self.program.send_signal(signal.SIGKILL)
         with open(STORE, encoding="utf-8") as store:
             self.assertIn("IntKeyToggle5=1", store.read())
+
+    def stored(self):
+        with open(STORE, encoding="utf-8") as store:
+            return store.read()
+
+    def shown(self, name):
+        def there():
+            self.app.clear_cache()
+            return [n for n in nodes(self.app) if n.name == name and n.getRoleName() == "push button"
+                    and n.getState().contains(pyatspi.STATE_SHOWING)]
+        return wait_for(there)[-1]
+
+    def test_an_event_is_kept_confirmed_and_begins_a_journey(self):
+        self.shown("船🛥")
+        self.press("push button", "🐱Cat")
+        self.find("alert", "🐱Cat に餌をやりました")
+        window("🐱Cat に餌をやりました")
+        self.assertIn("CatPX5=3", self.stored())
+        keys("Return")
+        self.assertEqual(self.printed(), b"OK tapped\n")
+        for place in ("居場所", "お店", "食品購入"):
+            self.shown(place).queryAction().doAction(0)
+        self.shown("船🛥")
+        self.press("push button", "🐦Bird")
+        window("🐦Bird に餌をやりました")
+        keys("Escape")
+        self.assertEqual(self.printed(), b"Cancel tapped\n")
+
+        keys("ctrl+n")  # the next window begins where the cat left it
+        window("Tarumine 2")
+        wait_for(lambda: len([n for n in nodes(self.app) if n.name == "居場所"]) >= 4)
+        os.remove(STORE)
+
+    def test_a_voyage_is_made_with_the_keyboard_alone(self):
+        keys("Tab")
+        wait_for(lambda: self.shown("船🛥").getState().contains(pyatspi.STATE_FOCUSED))
+        start = self.shown("船🛥").queryComponent().getExtents(0).x
+        keys("space")
+        wait_for(lambda: self.shown("船🛥").queryComponent().getExtents(0).x == start + 50)
+        for _ in range(40):
+            keys("space")
+        for place in ("船⚓️🛥", "下船", "冨士山公園", "駅"):
+            self.shown(place)
+        keys("Tab", "Tab", "Tab", "space")  # the station, which sends the boat off again
+        wait_for(lambda: self.shown("船🛥").queryComponent().getExtents(0).x == start)
+
+    def test_a_run_prints_its_lines_while_the_window_is_used(self):
+        self.press("push button", "別スレッド")
+        wait_for(lambda: self.shown_text() == "スレッド動作中")
+        lines = b""
+        while not lines.endswith(b"product code :20250401\n"):
+            part = self.printed()
+            self.assertTrue(part, "the run came to a stop")
+            lines += part
+        self.assertEqual(lines.count(b"\n"), 904777)
+        wait_for(lambda: self.shown_text() == "動作完了")
+
+    def test_a_reader_that_stalls_holds_up_neither_window_nor_quitting(self):
+        self.press("push button", "別スレッド")
+        self.press("push button", "別スレッド")
+        self.press("push button", "🐦Bird")
+        window("🐦Bird に餌をやりました")
+        keys("Return")
+        self.press("push button", "居場所")
+        window("居場所に戻りました")
+        keys("Escape")
+        wait_for(lambda: self.shown_text() == "スレッド動作中")
+        time.sleep(0.3)
+        started = time.monotonic()
+        keys("ctrl+q")
+        self.program.wait(5)
+        self.assertLess(time.monotonic() - started, 1.0)
 
     def test_windows_are_opened_and_closed(self):
         keys("ctrl+n")

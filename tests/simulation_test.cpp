@@ -20,8 +20,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 // What `printing` puts out.
-template <class Printing>
-QByteArray printed(Printing printing)
+template <class Printing> QByteArray printed(Printing printing)
 {
     std::FILE *file = std::tmpfile();
     {
@@ -124,32 +123,45 @@ void SimulationTest::commandsPrintTheirLines_data()
 {
     QTest::addColumn<std::function<void(SomeCircuit &)>>("command");
     QTest::addColumn<QByteArray>("lines");
-    const auto row = [](const char *name, std::function<void(SomeCircuit &)> command, const QByteArray &lines) {
-        QTest::newRow(name) << std::move(command) << lines;
-    };
-    row("a signal is a number", [](SomeCircuit &c) { c.signal(-1), c.signal(0); }, "-1\n0\n");
-    row("the largest number fits", [](SomeCircuit &c) { c.signal(INT64_MIN); }, "-9223372036854775808\n");
-    row("signal1(0) is one line", [](SomeCircuit &c) { c.signal1(0); }, "1\n");
-    row("signal0(3) is four lines", [](SomeCircuit &c) { c.signal0(3); }, "0\n0\n0\n0\n");
-    row("a negative count is no line", [](SomeCircuit &c) { c.signal0(-1), c.signal1(-5); }, "");
-    row("signals need no power", [](SomeCircuit &c) { c.PowerOff(), c.signal1(2); }, "1\n1\n1\n");
-    row("settings are silent", [](SomeCircuit &c) {
-        c.modeSetting(1), c.portSetting(2), c.VRSetting(3), c.CDSSetting(4), c.sokutei(5), c.display(6), c.func1(7);
-        c.signal(c.mode * 1000 + c.port * 100 + c.vr1 * 10 + c.cds);
-    }, "1234\n");
-    row("the product code is said and stored alone", [](SomeCircuit &c) {
-        c.productcodeSetting(20250401);
-        c.signal(c.productcode + c.mode + c.port + c.vr1 + c.cds);
-    }, "product code :20250401\n20250401\n");
+    const auto row = [](const char *name, std::function<void(SomeCircuit &)> command,
+                        const QByteArray &lines) { QTest::newRow(name) << std::move(command) << lines; };
+    row(
+        "a signal is a number", [](SomeCircuit &c) { c.signal(-1), c.signal(0); }, "-1\n0\n");
+    row(
+        "the largest number fits", [](SomeCircuit &c) { c.signal(INT64_MIN); }, "-9223372036854775808\n");
+    row(
+        "signal1(0) is one line", [](SomeCircuit &c) { c.signal1(0); }, "1\n");
+    row(
+        "signal0(3) is four lines", [](SomeCircuit &c) { c.signal0(3); }, "0\n0\n0\n0\n");
+    row(
+        "a negative count is no line", [](SomeCircuit &c) { c.signal0(-1), c.signal1(-5); }, "");
+    row(
+        "signals need no power", [](SomeCircuit &c) { c.PowerOff(), c.signal1(2); }, "1\n1\n1\n");
+    row(
+        "settings are silent",
+        [](SomeCircuit &c) {
+            c.modeSetting(1), c.portSetting(2), c.VRSetting(3), c.CDSSetting(4), c.sokutei(5), c.display(6),
+                c.func1(7);
+            c.signal(c.mode * 1000 + c.port * 100 + c.vr1 * 10 + c.cds);
+        },
+        "1234\n");
+    row(
+        "the product code is said and stored alone",
+        [](SomeCircuit &c) {
+            c.productcodeSetting(20250401);
+            c.signal(c.productcode + c.mode + c.port + c.vr1 + c.cds);
+        },
+        "product code :20250401\n20250401\n");
 }
 
 void SimulationTest::commandsPrintTheirLines()
 {
     QFETCH(std::function<void(SomeCircuit &)>, command);
     QTEST(printed([&](StandardOutput &output) {
-        SomeCircuit circuit(output);
-        command(circuit);
-    }), "lines");
+              SomeCircuit circuit(output);
+              command(circuit);
+          }),
+          "lines");
 }
 
 void SimulationTest::aRunPrintsTheSameLinesEveryTime()
@@ -170,10 +182,12 @@ void SimulationTest::statusIsSaidOnTheCallingThread()
     QStringList said;
     QList<QThread *> threads;
     // The reader takes nothing yet: whoever waited for the run here would wait for ever.
-    startSimulation(&owner, [&](const QString &text) { said += text, threads += QThread::currentThread(); }, reader.output());
-    QCOMPARE(said, QStringList {u"スレッド動作中"_s});
+    startSimulation(
+        &owner, [&](const QString &text) { said += text, threads += QThread::currentThread(); },
+        reader.output());
+    QCOMPARE(said, QStringList{u"スレッド動作中"_s});
     reader.startReading();
-    QTRY_COMPARE(said, (QStringList {u"スレッド動作中"_s, u"動作完了"_s}));
+    QTRY_COMPARE(said, (QStringList{u"スレッド動作中"_s, u"動作完了"_s}));
     QCOMPARE(threads, QList<QThread *>(2, thread()));
     QTRY_COMPARE(reader.bytesRead(), printed(simulation).size()); // nothing is left behind in a buffer
     reader.readToEnd();
@@ -208,12 +222,13 @@ void SimulationTest::aRunOutlivesItsOwnerInSilence()
     QStringList said;
     {
         QObject owner;
-        startSimulation(&owner, [&](const QString &text) { said += text; }, reader.output());
+        startSimulation(
+            &owner, [&](const QString &text) { said += text; }, reader.output());
     }
     reader.startReading();
     QTRY_COMPARE(reader.bytesRead(), printed(simulation).size());
     QTest::qWait(50);
-    QCOMPARE(said, QStringList {u"スレッド動作中"_s});
+    QCOMPARE(said, QStringList{u"スレッド動作中"_s});
 }
 
 QTEST_GUILESS_MAIN(SimulationTest)

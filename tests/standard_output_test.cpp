@@ -47,7 +47,7 @@ public:
     {
         QByteArray all;
         char room[4096];
-        for (pollfd end {m_ends[0], POLLIN, 0}; all.size() < most && ::poll(&end, 1, patience) > 0;) {
+        for (pollfd end{m_ends[0], POLLIN, 0}; all.size() < most && ::poll(&end, 1, patience) > 0;) {
             const ssize_t got = ::read(m_ends[0], room, sizeof room);
             if (got <= 0)
                 break;
@@ -242,7 +242,9 @@ void StandardOutputTest::finishingDoesNotWaitForAReader()
 void StandardOutputTest::everyReaderIsSurvived_data()
 {
     QTest::addColumn<std::function<void()>>("prepare");
-    const auto row = [](const char *name, std::function<void()> prepare) { QTest::newRow(name) << prepare; };
+    const auto row = [](const char *name, std::function<void()> prepare) {
+        QTest::newRow(name) << prepare;
+    };
     const auto replace = [](int file) { ::dup2(file, 1); };
     row("a file that can't grow", [=] { replace(::open("/dev/full", O_WRONLY)); });
     row("nowhere", [] { ::close(1); });
@@ -268,19 +270,19 @@ void StandardOutputTest::everyReaderIsSurvived()
 void StandardOutputTest::noFileTakesAStandardDescriptor_data()
 {
     QTest::addColumn<std::vector<int>>("closed");
-    QTest::newRow("with all open") << std::vector<int> {};
-    QTest::newRow("without input") << std::vector {0};
-    QTest::newRow("without output") << std::vector {1};
-    QTest::newRow("without any") << std::vector {0, 1, 2};
+    QTest::newRow("with all open") << std::vector<int>{};
+    QTest::newRow("without input") << std::vector{0};
+    QTest::newRow("without output") << std::vector{1};
+    QTest::newRow("without any") << std::vector{0, 1, 2};
 }
 
 void StandardOutputTest::noFileTakesAStandardDescriptor()
 {
     QFETCH(std::vector<int>, closed);
     const int next = Actor("openAFile", [closed] {
-        for (const int file : closed)
-            ::close(file);
-    }).status();
+                         for (const int file : closed)
+                             ::close(file);
+                     }).status();
     QVERIFY2(next > 2, qPrintable(QString::number(next)));
 }
 
@@ -310,8 +312,8 @@ void StandardOutputTest::aProcessThatEndsAmidARunLeavesWholeLines()
 int main(int argc, char *argv[])
 {
     const QByteArrayView part = argc > 1 ? argv[1] : "";
-    const std::pair<QByteArrayView, int (*)()> parts[]
-        = {{"openAFile", openAFile}, {"printAll", printAll}, {"endAmidARun", endAmidARun}};
+    const std::pair<QByteArrayView, int (*)()> parts[] = {
+        {"openAFile", openAFile}, {"printAll", printAll}, {"endAmidARun", endAmidARun}};
     for (const auto &[name, act] : parts) {
         if (part == name) {
             Process::begin();

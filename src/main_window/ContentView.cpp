@@ -3,6 +3,7 @@
 #include "browsers/BrowserPicker.h"
 #include "main_window/Columns.h"
 #include "main_window/SelectionPane.h"
+#include "platform/StandardOutput.h"
 #include "play/Alert.h"
 #include "play/EventToolbar.h"
 #include "play/Events.h"
@@ -89,7 +90,10 @@ QWidget *ContentView::detailColumn()
 
 QWidget *ContentView::playArea()
 {
-    const AlertActions actions{.ok = [] {}, .cancel = [] {}};
+    const AlertActions actions{
+        .ok = [] { StandardOutput::standard().post("OK tapped\n"); },
+        .cancel = [] { StandardOutput::standard().post("Cancel tapped\n"); },
+    };
     auto *board = new JourneyBoard({offset, movingRight, movingStr, btnStatus});
     return alertWhen(showAlert, alertMessage, actions, board);
 }

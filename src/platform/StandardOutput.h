@@ -45,7 +45,7 @@ private:
 
     std::FILE *const m_stream;
     // False while print has to look closer: posted lines are waiting, or printing has ended.
-    std::atomic<bool> m_isOpen {true};
+    std::atomic<bool> m_isOpen{true};
 
     std::mutex m_mutex; // guards what follows; never held while writing
     std::condition_variable m_changed;
