@@ -63,7 +63,7 @@ public:
         char number[16] = {};
         if (read(ends[0], number, sizeof number - 1) <= 0)
             fail("Xvfb doesn't start");
-        setenv("DISPLAY", (":" + std::to_string(std::atoi(number))).c_str(), 1);
+        setenv("DISPLAY", std::string(":").append(std::to_string(std::atoi(number))).c_str(), 1);
     }
     ~VirtualDisplay()
     {

@@ -60,7 +60,7 @@ QWidget *Button(const QString &title, std::function<void()> action)
     return button;
 }
 
-QWidget *Toggle(const QString &title, Binding<bool> isOn)
+QWidget *Toggle(const QString &title, const Binding<bool> &isOn)
 {
     auto *box = new QCheckBox(verbatim(title));
     box->setAccessibleName(title);

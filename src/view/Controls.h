@@ -18,7 +18,7 @@ QWidget *Text(std::function<QString()> text);
 QWidget *Button(const QString &title, std::function<void()> action);
 
 /// A check box with its title.
-QWidget *Toggle(const QString &title, Binding<bool> isOn);
+QWidget *Toggle(const QString &title, const Binding<bool> &isOn);
 
 struct SliderRange {
     double from;

@@ -125,7 +125,7 @@ void FlowLayout::placeLine(const Line &line, const QRect &place) const
     int x = place.left();
     for (QLayoutItem *item : line) {
         QSize size(neededWidth(item), item->sizeHint().height());
-        if (canGrow(item)) {
+        if (canGrow(item) && growing > 0) {
             const int share = spare / growing--;
             spare -= share;
             size.rwidth() += share;
