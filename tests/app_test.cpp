@@ -166,23 +166,6 @@ private slots:
         QVERIFY(!dialog);
         QCoreApplication::processEvents();
     }
-
-    void theWindowMenuListsTheWindows()
-    {
-        TarumineApp app;
-        app.newWindow();
-        app.newWindow();
-        const MainWindow &second = *app.windows().back();
-        QMenu *menu = second.menuBar()->actions().at(3)->menu();
-        for (int time = 0; time < 2; ++time)
-            emit menu->aboutToShow();
-        QStringList titles;
-        for (const QAction *action : menu->actions()) {
-            if (action->isCheckable())
-                titles += action->text() + (action->isChecked() ? u" ✓"_s : QString());
-        }
-        QCOMPARE(titles, QStringList({u"Tarumine"_s, u"Tarumine 2 ✓"_s}));
-    }
 };
 
 QTEST_MAIN(AppTest)

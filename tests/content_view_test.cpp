@@ -121,50 +121,12 @@ private slots:
         QCOMPARE(visibleTexts(*view), expected);
         tree->clearSelection();
         QCOMPARE(visibleTexts(*view), QStringList{u"何も選択されていません"_s});
-    }
 
-    void aNamelessComputerIsUnknown()
-    {
-        ScriptedHost nameless;
-        nameless.m_name.clear();
-        Surroundings surroundings{m_store, nameless, m_workspace, newOpenPanel};
-        ContentView content(surroundings);
-        const std::unique_ptr<Frame> view(content.body());
-        view->show();
-        auto *tree = view->findChild<QTreeView *>();
+        m_host.m_name.clear();
+        view->hide();
+        view->show(); // the names are read anew
         tree->setCurrentIndex(tree->model()->index(0, 0));
         QCOMPARE(visibleTexts(*view).value(0), u"Unknown"_s);
-    }
-
-    void theTextAppearsAnewWithItsWindow()
-    {
-        ContentView content(m_surroundings);
-        const std::unique_ptr<Frame> view(content.body());
-        view->show();
-        auto *pane = view->findChild<TextPane *>();
-        QTest::keyClicks(pane, u"x"_s);
-        QVERIFY(pane->toPlainText() != openingMessage());
-        view->hide();
-        view->show();
-        QCOMPARE(pane->toPlainText(), openingMessage());
-    }
-
-    void theControlsStandInReadingOrder()
-    {
-        ContentView content(m_surroundings);
-        const std::unique_ptr<Frame> view(content.body());
-        view->show();
-        QStringList names;
-        const QWidget *start = view->findChild<QTreeView *>();
-        for (QWidget *next = start->nextInFocusChain(); next != start; next = next->nextInFocusChain()) {
-            if ((next->focusPolicy() & Qt::TabFocus) && !next->accessibleName().isEmpty())
-                names += next->accessibleName();
-        }
-        QCOMPARE(names,
-                 QStringList({u"Font Size"_s, u"別スレッド"_s, u"読込"_s, u"簡易PDF"_s, u"起動"_s,
-                              u"ブラウザを選択"_s, u"テキスト"_s}));
-        for (const QPushButton *button : view->findChildren<QPushButton *>())
-            QVERIFY(button->isEnabled());
     }
 
     void atNoSizeDoesAnythingOverlap()
@@ -198,37 +160,6 @@ private slots:
         }
     }
 
-    void theColumnsStandInOrder_data()
-    {
-        QTest::addColumn<int>("width");
-        QTest::addColumn<bool>("sideShown");
-        QTest::addColumn<bool>("stacked");
-        QTest::newRow("wide: side by side") << 999 << true << false;
-        QTest::newRow("narrow: sidebar above selection") << 400 << true << true;
-        QTest::newRow("very narrow: the detail column alone") << 200 << false << true;
-    }
-    void theColumnsStandInOrder()
-    {
-        QFETCH(int, width);
-        QFETCH(bool, sideShown);
-        QFETCH(bool, stacked);
-        ContentView content(m_surroundings);
-        const std::unique_ptr<Frame> view(content.body());
-        view->show();
-        view->resize(width, 350);
-        const auto *tree = view->findChild<QTreeView *>();
-        const auto *selection = pane(*view, false);
-        const auto *detail = pane(*view, true);
-        QCOMPARE(tree->isVisible(), sideShown);
-        QCOMPARE(selection->isVisible(), sideShown);
-        QVERIFY(detail->isVisible());
-        if (!sideShown)
-            return;
-        const QRect a = placeIn(*view, *tree), b = placeIn(*view, *selection), c = placeIn(*view, *detail);
-        QVERIFY(stacked ? a.bottom() < b.top() : a.right() < b.left());
-        QVERIFY(b.right() < c.left());
-    }
-
     void theEditMenuActsOnTheText()
     {
         ContentView content(m_surroundings);
@@ -256,31 +187,6 @@ private slots:
         item(u"やり直す"_s)->trigger();
         item(u"貼り付け"_s)->trigger();
         QCOMPARE(pane->toPlainText(), openingMessage());
-    }
-
-    void theViewMenuStaysWithinTheSizes()
-    {
-        ContentView content(m_surroundings);
-        const std::unique_ptr<Frame> view(content.body());
-        view->show();
-        QMenu menu;
-        content.fillViewMenu(menu);
-        const auto *slider = view->findChild<QSlider *>();
-        QAction *larger = menu.actions().at(2), *smaller = menu.actions().at(3),
-                *normal = menu.actions().at(4);
-        for (int i = 0; i < 40; ++i)
-            larger->trigger();
-        QCOMPARE(slider->value(), slider->maximum());
-        for (int i = 0; i < 40; ++i)
-            smaller->trigger();
-        QCOMPARE(slider->value(), 0);
-        normal->trigger();
-        QCOMPARE(slider->value(), 4);
-
-        menu.actions().at(0)->trigger();
-        QVERIFY(!view->findChild<QTreeView *>()->isVisible());
-        menu.actions().at(0)->trigger();
-        QVERIFY(view->findChild<QTreeView *>()->isVisible());
     }
 };
 

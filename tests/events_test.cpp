@@ -97,33 +97,6 @@ private slots:
         }
     }
 
-    // A view that follows the alert finds everything else done.
-    void theAlertComesLast()
-    {
-        UserDefaults store(newStore());
-        State<qint64> stage{0};
-        State<QString> message;
-        State<bool> shown{false};
-        QString found;
-        QObject follower;
-        follow(
-            &follower, [&] { return shown.value(); },
-            [&](bool) { found = u"%1 %2 %3"_s.arg(stage).arg(store.integer(Key::CatPX5)).arg(message); });
-        perform(events()[0], store, stage, message, shown);
-        QCOMPARE(found, u"3 3 🐱Cat に餌をやりました"_s);
-    }
-
-    void aStoreThatCannotBeWrittenHarmsNothing()
-    {
-        UserDefaults store(u"/proc/nowhere/Tarumine.conf"_s);
-        State<qint64> stage{0};
-        State<QString> message;
-        State<bool> shown{false};
-        perform(events()[5], store, stage, message, shown);
-        QCOMPARE(message.value(), events()[5].message);
-        QVERIFY(shown);
-    }
-
     void theButtonsStandAtBothEndsOfTheToolbar()
     {
         QMainWindow window;
@@ -159,22 +132,6 @@ private slots:
         QVERIFY(!more->accessibleName().isEmpty());
         more->click();
         QTRY_VERIFY(buttons.last()->isVisible());
-    }
-
-    void theAlertShowsItsMessageAndButtons()
-    {
-        Alerting scene;
-        const QMessageBox *alert = scene.raised(u"<b>🐱&Cat</b>"_s);
-        QCOMPARE(alert->windowTitle(), u"<b>🐱&Cat</b>"_s);
-        QCOMPARE(alert->text(), u"<b>🐱&Cat</b>"_s);
-        QCOMPARE(alert->textFormat(), Qt::PlainText);
-        QVERIFY(alert->informativeText().isEmpty());
-        QCOMPARE(alert->windowModality(), Qt::WindowModal);
-        QCOMPARE(alert->parentWidget(), &scene.window);
-        QStringList titles;
-        for (const auto *button : alert->buttons())
-            titles += button->text();
-        QCOMPARE(titles, QStringList({u"OK"_s, u"キャンセル"_s}));
     }
 
     void theButtonsKeepTheirOrderOnEveryDesktop()
@@ -235,19 +192,6 @@ private slots:
             QCOMPARE(scene.afterClosing(), expected);
             QCOMPARE(scene.alertMessage.value(), u"また"_s);
         }
-    }
-
-    void aWindowShowsAtMostOneAlertAndTakesItAlong()
-    {
-        QStringList printed;
-        {
-            Alerting scene;
-            scene.raised(u"一"_s);
-            scene.raised(u"二"_s);
-            QCOMPARE(scene.window.findChildren<QMessageBox *>().size(), 1);
-            printed = scene.printed;
-        }
-        QCOMPARE(printed, QStringList());
     }
 };
 

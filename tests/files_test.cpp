@@ -39,16 +39,6 @@ private slots:
         QVERIFY(readRegularFile(u"/proc/self/status"_s, 1 << 20).value_or(QByteArray()).contains("VmRSS"));
     }
 
-    void theLimitIsTheLargestSizeThatIsRead()
-    {
-        const QString file = write(u"ten.txt"_s, "0123456789");
-        QCOMPARE(readRegularFile(file, 10), QByteArray("0123456789"));
-        QCOMPARE(readRegularFile(file, 9), std::nullopt);
-        const QString sparse = write(u"sparse.txt"_s, {});
-        QVERIFY(truncate(qPrintable(sparse), qint64(3) << 30) == 0);
-        QCOMPARE(readRegularFile(sparse, qint64(2) << 30), std::nullopt);
-    }
-
     void nothingButAnOrdinaryFileIsRead_data()
     {
         QTest::addColumn<QString>("path");
@@ -105,19 +95,6 @@ private slots:
     {
         QFETCH(QByteArray, bytes);
         QTEST(decodedText(bytes), "expected");
-    }
-
-    void theHostKnowsWhoAndWhereWeAre()
-    {
-        char name[256] = {};
-        QVERIFY(gethostname(name, sizeof name - 1) == 0);
-        QCOMPARE(Host().name(), QString::fromUtf8(name));
-        QVERIFY(!Host().userName().isEmpty());
-    }
-
-    void aMissingResourceIsNothing()
-    {
-        QCOMPARE(ApplicationFolders::resource(u"No such"_s, u"pdf"_s), std::nullopt);
     }
 };
 

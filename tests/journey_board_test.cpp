@@ -272,16 +272,6 @@ private slots:
         QVERIFY(shown.boat()->hasFocus());
     }
 
-    void whatIsDisplacedNeverCoversWhatStays()
-    {
-        Shown shown(500);
-        shown.press(17);
-        shown.btnStatus = 3;
-        const QPushButton *ownPlace = shown.button(u"居場所"_s);
-        for (int x = ownPlace->x(); x < ownPlace->geometry().right(); ++x)
-            QCOMPARE(shown.window.childAt(x, ownPlace->geometry().center().y()), ownPlace);
-    }
-
     void theKeyboardStaysOnTheBoard()
     {
         Shown shown;
@@ -296,43 +286,6 @@ private slots:
         shown.other->setFocus();
         shown.btnStatus = 3; // the focus that is elsewhere stays there
         QVERIFY(shown.other->hasFocus());
-    }
-
-    void theNextPressUsesTheWidthOfNow()
-    {
-        Shown shown(700);
-        shown.press(10);
-        QCOMPARE(shown.offset.value(), 500.0);
-        shown.window.resize(shown.window.width() - 300, 300);
-        QCOMPARE(shown.offset.value(), 500.0);
-        QCOMPARE(shown.fromMiddle(shown.boat()), 500.0);
-        shown.press(1);
-        QCOMPARE(shown.offset.value(), 300.0);
-        QCOMPARE(shown.movingStr.value(), anchoredRight.toString());
-    }
-
-    void nothingElseMovesWhenTheBoardChanges()
-    {
-        Shown shown;
-        const QRect other = shown.other->geometry(), board = shown.board->geometry();
-        for (const qint64 stage : {3, 2, 1, 0, -4, 4})
-            shown.btnStatus = stage;
-        shown.btnStatus = 0;
-        shown.press(20);
-        QCoreApplication::processEvents();
-        QCOMPARE(shown.other->geometry(), other);
-        QCOMPARE(shown.board->geometry(), board);
-    }
-
-    void aHiddenBoardHasNoButtons()
-    {
-        Shown shown;
-        shown.board->hide();
-        QCOMPARE(shown.shown(), QStringList());
-        shown.btnStatus = 2;
-        QCOMPARE(shown.shown(), QStringList());
-        shown.board->show();
-        QCOMPARE(shown.shown(), QStringList{u"お店"_s});
     }
 };
 

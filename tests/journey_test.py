@@ -131,15 +131,6 @@ class Journey(unittest.TestCase):
         keys("ctrl+z")
         wait_for(lambda: not self.shown_text().endswith("a"))
 
-    def test_what_cannot_be_read_changes_nothing_and_hangs_nothing(self):
-        before = self.shown_text()
-        fifo = os.path.join(WORK, "fifo.txt")
-        if not os.path.exists(fifo):
-            os.mkfifo(fifo)
-        self.load(fifo)
-        time.sleep(0.3)
-        self.assertEqual(self.shown_text(), before)
-
     def test_the_content_keeps_its_bounds(self):
         bar = sum(self.find(*which).queryComponent().getExtents(0).height
                   for which in (("menu bar", ""), ("tool bar", "ツールバー")))
@@ -233,14 +224,6 @@ class Journey(unittest.TestCase):
         keys("ctrl+q")
         self.program.wait(5)
         self.assertLess(time.monotonic() - started, 1.0)
-
-    def test_windows_are_opened_and_closed(self):
-        keys("ctrl+n")
-        second = window("Tarumine 2")
-        run("xdotool", "windowfocus", "--sync", second)
-        keys("ctrl+w")
-        wait_for(lambda: second not in run("xdotool", "search", "--onlyvisible", "--name", "Tarumine").split())
-        self.assertIsNone(self.program.poll())
 
     def test_it_quits_within_a_second_under_an_open_dialog(self):
         keys("ctrl+n")

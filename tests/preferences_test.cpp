@@ -82,19 +82,6 @@ private slots:
         QCOMPARE(store.string(Key::CarPX5), std::nullopt);
     }
 
-    void readingWritesNothing()
-    {
-        const QString file = newFile();
-        {
-            UserDefaults store(file);
-            AppStorage<qint64> toggle(Key::IntKeyToggle1, store);
-            AppStorage<QString> string(Key::StringKeyPX5, store, u"fallback"_s);
-            QCOMPARE(toggle.value(), 0);
-            QCOMPARE(string.value(), u"fallback"_s);
-        }
-        QVERIFY(!QFile::exists(file));
-    }
-
     void aValueIsOnDiskWhenItsSetterReturns()
     {
         const QString file = newFile();

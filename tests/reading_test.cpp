@@ -119,21 +119,6 @@ private slots:
         QCOMPARE(text.value(), u"一\n二"_s);
     }
 
-    void anAssignmentShowsFromItsBeginning()
-    {
-        ReadingText text;
-        const State<double> size{14};
-        TextPane pane(text, size);
-        pane.resize(300, 200);
-        pane.show();
-        text = u"行\n"_s.repeated(500);
-        pane.moveCursor(QTextCursor::End);
-        QVERIFY(pane.verticalScrollBar()->value() > 0);
-        text = u"行\n"_s.repeated(400);
-        QCOMPARE(pane.verticalScrollBar()->value(), 0);
-        QCOMPARE(pane.textCursor().position(), 0);
-    }
-
     void onlyPlainTextIsPasted()
     {
         ReadingText text;
@@ -150,55 +135,6 @@ private slots:
         pane.insertFromMimeData(&rich);
         QCOMPARE(text.value(), u"太い"_s);
         QCOMPARE(pane.textCursor().charFormat().fontWeight(), int(QFont::Normal));
-    }
-
-    void tabLeavesThePane()
-    {
-        ReadingText text;
-        const State<double> size{14};
-        QWidget window;
-        QLineEdit next(&window);
-        TextPane pane(text, size);
-        pane.setParent(&window);
-        window.show();
-        QVERIFY(QTest::qWaitForWindowActive(&window));
-        pane.setFocus();
-        QTest::keyClick(&pane, Qt::Key_Tab);
-        QCOMPARE(text.value(), QString(u""_s));
-        QVERIFY(next.hasFocus());
-        QTest::keyClick(&pane, Qt::Key_Tab, Qt::ControlModifier);
-        QCOMPARE(text.value(), u"\t"_s);
-    }
-
-    void theSliderScalesLabelAndPane()
-    {
-        State<double> size{FontSize::initial};
-        ReadingText text;
-        const TextPane pane(text, size);
-        const std::unique_ptr<QWidget> row(ReadingControls(size, {}, new QWidget));
-        const auto *label = row->findChildren<QLabel *>().at(1);
-        QCOMPARE(label->text(), u"14 pt"_s);
-        QCOMPARE(pane.font().pointSizeF(), 14.0);
-        QTest::keyClick(row->findChild<QSlider *>(), Qt::Key_Right);
-        QCOMPARE(label->text(), u"15 pt"_s);
-        QCOMPARE(pane.font().pointSizeF(), 15.0);
-    }
-
-    void onlyWholeSizesWithinBoundsAreAllowed_data()
-    {
-        QTest::addColumn<double>("asked");
-        QTest::addColumn<double>("given");
-        QTest::newRow("below") << 9.0 << 10.0;
-        QTest::newRow("far below") << -1e300 << 10.0;
-        QTest::newRow("the smallest") << 10.0 << 10.0;
-        QTest::newRow("a fraction") << 14.4 << 14.0;
-        QTest::newRow("the largest") << 40.0 << 40.0;
-        QTest::newRow("above") << 41.0 << 40.0;
-    }
-    void onlyWholeSizesWithinBoundsAreAllowed()
-    {
-        QFETCH(double, asked);
-        QTEST(FontSize::allowed(asked), "given");
     }
 
     void theFirstToggleChoosesTheFileType_data()
@@ -257,16 +193,6 @@ private slots:
         QFETCH(QString, path);
         m_text = u"前"_s;
         pick(path);
-        finishReading();
-        QCOMPARE(m_text.value(), u"前"_s);
-    }
-
-    void okWithoutAFileChangesNothing()
-    {
-        m_text = u"前"_s;
-        m_loading.openText(nullptr);
-        m_panel.picked = std::nullopt;
-        m_panel.answer(ModalResponse::OK);
         finishReading();
         QCOMPARE(m_text.value(), u"前"_s);
     }

@@ -83,17 +83,6 @@ private slots:
         QCOMPARE(sidebar.row({1, 0, 0}).data().toString(), u"ファイルB1-1"_s);
     }
 
-    void foldersAndFilesHaveDifferentIcons()
-    {
-        const Shown sidebar;
-        const auto picture = [&](std::initializer_list<int> path) {
-            return sidebar.row(path).data(Qt::DecorationRole).value<QIcon>().pixmap(16).toImage();
-        };
-        QVERIFY(!picture({0}).isNull());
-        QCOMPARE(picture({0}), picture({1, 0}));
-        QVERIFY(picture({0}) != picture({0, 0}));
-    }
-
     void choosingARowSelectsItsNodeAlone()
     {
         const Shown sidebar;
@@ -103,18 +92,6 @@ private slots:
         sidebar.click(sidebar.row({0}));
         QCOMPARE(sidebar.selection.value(), sampleData()[0].id);
         QCOMPARE(sidebar.view->selectionModel()->selectedIndexes().size(), 1);
-    }
-
-    void theHighlightFollowsTheSelection()
-    {
-        Shown sidebar;
-        const QUuid deep = sampleData()[1].children->at(0).children->at(0).id;
-        sidebar.selection = deep;
-        QCOMPARE(sidebar.view->currentIndex(), sidebar.row({1, 0, 0}));
-        QVERIFY(sidebar.view->selectionModel()->isSelected(sidebar.row({1, 0, 0})));
-        sidebar.selection = std::nullopt;
-        QVERIFY(!sidebar.view->selectionModel()->hasSelection());
-        QCOMPARE(sidebar.selection.value(), std::nullopt);
     }
 
     void theSelectionCanBeCleared_data()
@@ -143,18 +120,6 @@ private slots:
         }
         QCOMPARE(sidebar.selection.value(), std::nullopt);
         QVERIFY(!sidebar.view->selectionModel()->hasSelection());
-    }
-
-    void rowsAreReachedWithTheKeyboard()
-    {
-        const Shown sidebar;
-        sidebar.view->setCurrentIndex(sidebar.row({0}));
-        QTest::keyClick(sidebar.view.get(), Qt::Key_Right);
-        QTest::keyClick(sidebar.view.get(), Qt::Key_Down);
-        QCOMPARE(sidebar.selection.value(), sampleData()[0].children->at(0).id);
-        QTest::keyClick(sidebar.view.get(), Qt::Key_Left);
-        QTest::keyClick(sidebar.view.get(), Qt::Key_Left);
-        QVERIFY(!sidebar.view->isExpanded(sidebar.row({0})));
     }
 
     // Kana come from an input method, not as key presses.

@@ -82,22 +82,6 @@ private slots:
         QCOMPARE(slider->accessibleName(), u"Font Size"_s);
     }
 
-    void aPickerShowsItsRowsAndChoice()
-    {
-        State<QStringList> rows{{u"Arc"_s, u"Safari"_s}};
-        State<QString> choice{u"Safari"_s};
-        const Widget picker(Picker(u"選択"_s, choice, [&] { return rows.value(); }));
-        auto *list = picker->findChild<QComboBox *>();
-        QCOMPARE(list->currentText(), u"Safari"_s);
-        QTest::keyClick(list, Qt::Key_Up);
-        QCOMPARE(choice.value(), u"Arc"_s);
-        rows = QStringList{u"Opera"_s, u"Arc"_s};
-        QCOMPARE(list->currentIndex(), 1);
-        QCOMPARE(choice.value(), u"Arc"_s); // new rows are no choice of the user's
-        choice = u"gone"_s;
-        QCOMPARE(list->currentIndex(), -1);
-    }
-
     void whatIsHiddenTakesNoRoom()
     {
         State<bool> shown{false};
@@ -111,14 +95,6 @@ private slots:
         QVERIFY(stack->sizeHint().height() > alone);
         shown = false;
         QCOMPARE(stack->sizeHint().height(), alone);
-    }
-
-    // A widget that was shown on its own would flash up as a window.
-    void whatIsShownBecomesNoWindow()
-    {
-        State<bool> shown{true};
-        const Widget text(visibleWhen([&] { return shown.value(); }, Text(u"一"_s)));
-        QVERIFY(!text->isVisible());
     }
 
     void appearingIsComingOnScreenAnew()
@@ -137,56 +113,6 @@ private slots:
         window->hide();
         window->show();
         QCOMPARE(appeared, 2);
-    }
-
-    void aFrameKeepsItsContentWithinBounds_data()
-    {
-        QTest::addColumn<QSize>("frame");
-        QTest::addColumn<QRect>("content");
-        QTest::newRow("the ideal size") << QSize(999, 350) << QRect(0, 0, 999, 350);
-        QTest::newRow("the largest") << QSize(1199, 650) << QRect(0, 0, 1199, 650);
-        QTest::newRow("the smallest") << QSize(100, 100) << QRect(0, 0, 100, 100);
-        QTest::newRow("forced wider, the content is centred")
-            << QSize(1399, 350) << QRect(100, 0, 1199, 350);
-        QTest::newRow("forced larger both ways") << QSize(1919, 1080) << QRect(360, 215, 1199, 650);
-    }
-    void aFrameKeepsItsContentWithinBounds()
-    {
-        QFETCH(QSize, frame);
-        auto *content = new QWidget;
-        const Frame outer(content, {.minimum = {100, 100}, .ideal = {999, 350}, .maximum = {1199, 650}});
-        const_cast<Frame &>(outer).resize(frame);
-        const_cast<Frame &>(outer).show();
-        QTEST(content->geometry(), "content");
-    }
-
-    void aWrappingRowNeverOverlaps()
-    {
-        QList<QWidget *> children;
-        for (const int width : {120, 80, 200, 40, 40}) {
-            auto *child = new QWidget;
-            child->setFixedSize(width, 20 + width / 10);
-            children += child;
-        }
-        QWidget *growing = new QWidget;
-        growing->setMinimumSize(60, 10);
-        growing->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
-        children += growing;
-        const Widget row(
-            WrappingRow({growing, children[0], children[1], children[2], children[3], children[4]}));
-        row->show();
-        for (int width = 200; width <= 700; width += 7) {
-            row->resize(width, row->heightForWidth(width));
-            QRegion taken;
-            for (const QWidget *child : children) {
-                QVERIFY2(row->rect().contains(child->geometry()), qPrintable(QString::number(width)));
-                QVERIFY2(!taken.intersects(child->geometry()), qPrintable(QString::number(width)));
-                taken += child->geometry();
-            }
-        }
-        QCOMPARE(growing->y() + growing->height() / 2,
-                 children[4]->geometry().center().y() + 1);             // one line
-        QCOMPARE(row->rect().right(), children[4]->geometry().right()); // the growing one took the rest
     }
 };
 
