@@ -7,6 +7,7 @@
 #include <QProcess>
 #include <QTest>
 
+#include <csignal>
 #include <thread>
 
 #include <fcntl.h>
@@ -125,6 +126,14 @@ int printAll()
     return 7;
 }
 
+// As a library does on its own account.
+int exitAmidARun()
+{
+    std::thread([] { simulation(); }).detach();
+    std::this_thread::sleep_for(200ms);
+    std::exit(0);
+}
+
 int endAmidARun()
 {
     std::thread([] { simulation(); }).detach();
@@ -148,6 +157,7 @@ private slots:
     void everyReaderIsSurvived();
     void noFileTakesAStandardDescriptor_data();
     void noFileTakesAStandardDescriptor();
+    void aProcessEndsAmidARunThatNobodyReads_data();
     void aProcessEndsAmidARunThatNobodyReads();
     void aProcessThatEndsAmidARunLeavesWholeLines();
 };
@@ -286,12 +296,21 @@ void StandardOutputTest::noFileTakesAStandardDescriptor()
     QVERIFY2(next > 2, qPrintable(QString::number(next)));
 }
 
+void StandardOutputTest::aProcessEndsAmidARunThatNobodyReads_data()
+{
+    QTest::addColumn<QByteArray>("part");
+    QTest::addColumn<int>("status");
+    QTest::newRow("when it is quit") << QByteArray("endAmidARun") << 7;
+    QTest::newRow("when a library calls exit") << QByteArray("exitAmidARun") << EXIT_FAILURE;
+}
+
 void StandardOutputTest::aProcessEndsAmidARunThatNobodyReads()
 {
+    QFETCH(QByteArray, part);
     Pipe pipe;
-    Actor actor("endAmidARun", [&pipe] { ::dup2(pipe.writingEnd(), 1); });
+    Actor actor(part.constData(), [&pipe] { ::dup2(pipe.writingEnd(), 1); });
     QVERIFY(actor.process.waitForStarted());
-    QCOMPARE(actor.status(200 + 1000), 7);
+    QTEST(actor.status(200 + 1000), "status");
 }
 
 void StandardOutputTest::aProcessThatEndsAmidARunLeavesWholeLines()
@@ -312,8 +331,10 @@ void StandardOutputTest::aProcessThatEndsAmidARunLeavesWholeLines()
 int main(int argc, char *argv[])
 {
     const QByteArrayView part = argc > 1 ? argv[1] : "";
-    const std::pair<QByteArrayView, int (*)()> parts[] = {
-        {"openAFile", openAFile}, {"printAll", printAll}, {"endAmidARun", endAmidARun}};
+    const std::pair<QByteArrayView, int (*)()> parts[] = {{"openAFile", openAFile},
+                                                          {"printAll", printAll},
+                                                          {"endAmidARun", endAmidARun},
+                                                          {"exitAmidARun", exitAmidARun}};
     for (const auto &[name, act] : parts) {
         if (part == name) {
             Process::begin();
@@ -321,7 +342,7 @@ int main(int argc, char *argv[])
         }
     }
     QCoreApplication application(argc, argv);
-    Process::begin();
+    std::signal(SIGPIPE, SIG_IGN); // as in the application, for the pipes that are closed here
     StandardOutputTest test;
     return QTest::qExec(&test, argc, argv);
 }
