@@ -1,7 +1,5 @@
 #include "view/Stacks.h"
 
-#include "view/FlowLayout.h"
-
 #include <QBoxLayout>
 #include <QScrollArea>
 
@@ -33,11 +31,6 @@ QWidget *HStack(std::initializer_list<QWidget *> children, StackOptions options)
 QWidget *VStack(std::initializer_list<QWidget *> children, StackOptions options)
 {
     return filled(new QVBoxLayout, children, options);
-}
-
-QWidget *WrappingRow(std::initializer_list<QWidget *> children, StackOptions options)
-{
-    return filled(new FlowLayout, children, options);
 }
 
 QWidget *Scrollable(QWidget *content)

@@ -19,9 +19,5 @@ struct StackOptions {
 QWidget *HStack(std::initializer_list<QWidget *> children, StackOptions options = {});
 QWidget *VStack(std::initializer_list<QWidget *> children, StackOptions options = {});
 
-/// A row that continues on further lines where it has no room; children that can grow share what is
-/// left of their line.
-QWidget *WrappingRow(std::initializer_list<QWidget *> children, StackOptions options = {});
-
 /// Shows `content` at its own size or larger, and lets it be scrolled where there is less room.
 QWidget *Scrollable(QWidget *content);

@@ -1,4 +1,4 @@
-#include "view/FlowLayout.h"
+#include "reading/FlowLayout.h"
 
 #include <QStyle>
 #include <QWidget>
