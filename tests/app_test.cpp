@@ -124,22 +124,6 @@ private slots:
         QVERIFY(!settingsWindow()->isVisible());
     }
 
-    void aToggleDecidesWhatTheNextPanelOffers()
-    {
-        TarumineApp app;
-        app.newWindow();
-        MainWindow &window = *app.windows().front();
-        app.showSettings();
-        for (const QString &type : {u"RTF"_s, u"TXT"_s}) {
-            settingsWindow()->findChild<QCheckBox *>()->click();
-            button(window, u"読込"_s)->click();
-            auto *dialog = window.findChild<QFileDialog *>();
-            QVERIFY(dialog->nameFilters().value(0).startsWith(type));
-            dialog->reject();
-            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        }
-    }
-
     void aWindowCanBeClosedUnderAnOpenDialog_data()
     {
         QTest::addColumn<QString>("opener");

@@ -2,7 +2,6 @@
 #include "platform/StandardOutput.h"
 #include "simulation/Simulation.h"
 
-#include <QElapsedTimer>
 #include <QFile>
 #include <QProcess>
 #include <QTest>
@@ -60,35 +59,6 @@ public:
 private:
     int m_ends[2] = {-1, -1};
     std::FILE *m_stream = nullptr;
-};
-
-qint64 milliseconds(const std::function<void()> &action)
-{
-    QElapsedTimer timer;
-    timer.start();
-    action();
-    return timer.elapsed();
-}
-
-// Prints without end, until the output drops it all.
-class EndlessRun {
-public:
-    explicit EndlessRun(StandardOutput &output)
-        : m_thread([this, &output] {
-            while (!m_stop)
-                output.print("1\n");
-        })
-    {
-    }
-    ~EndlessRun()
-    {
-        m_stop = true;
-        m_thread.join();
-    }
-
-private:
-    std::atomic<bool> m_stop = false;
-    std::thread m_thread;
 };
 
 QByteArray numbered(int line)
@@ -154,36 +124,6 @@ private slots:
         QCOMPARE(pipe.read(1000, expected.size()), expected);
         output.post("OK tapped\n");
         QCOMPARE(pipe.read(1000, 10), "OK tapped\n");
-    }
-
-    void postingNeverWaitsForAReader()
-    {
-        Pipe pipe;
-        StandardOutput output(pipe.stream());
-        EndlessRun run(output);
-        QTest::qWait(50); // the pipe is full, and the run stuck amid a write
-        const qint64 longest = milliseconds([&] {
-            for (int i = 0; i < 5000; ++i)
-                output.post(numbered(i).toStdString());
-        });
-        QVERIFY2(longest < 500, qPrintable(QString::number(longest)));
-
-        QByteArrayList posted;
-        while (posted.size() < 1000) {
-            const QByteArray some = pipe.read(1000, 1);
-            QVERIFY2(!some.isEmpty(), "the posted lines never came");
-            QByteArray rest = some;
-            while (!rest.endsWith('\n'))
-                rest += pipe.read(1000, 1);
-            for (const QByteArray &line : rest.split('\n'))
-                if (line.startsWith("line "))
-                    posted += line + '\n';
-                else
-                    QVERIFY2(line.isEmpty() || line == "1", line.constData());
-        }
-        for (int i = 0; i < 1000; ++i)
-            QCOMPARE(posted[i], numbered(i));
-        pipe.closeReader();
     }
 
     void everyReaderIsSurvived_data()

@@ -46,19 +46,6 @@ private slots:
         QCOMPARE(shown, 2);
     }
 
-    void dataIsShownVerbatim()
-    {
-        const QString data = u"<b>太郎 & 花子</b> &amp;"_s;
-        const Widget text(Text(data));
-        QCOMPARE(qobject_cast<QLabel *>(text.get())->textFormat(), Qt::PlainText);
-        const Widget button(Button(u"A & B"_s, [] {}));
-        QVERIFY(qobject_cast<QPushButton *>(button.get())->shortcut().isEmpty());
-        QCOMPARE(button->accessibleName(), u"A & B"_s);
-        State<bool> on;
-        const Widget toggle(Toggle(u"A & B"_s, on));
-        QVERIFY(qobject_cast<QCheckBox *>(toggle.get())->shortcut().isEmpty());
-    }
-
     void aSliderTakesWholeStepsWithinItsRange()
     {
         State<double> size{14};
