@@ -166,7 +166,6 @@ void JourneyBoard::showWhatIsThere()
     for (const Stop &stop : m_stops)
         show(stop.button, isShown(stop.destination, m_fields.btnStatus, m_fields.movingStr.value()));
     show(m_boat, isBoatShown(m_fields.btnStatus));
-    layOut();
 
     // The keyboard stays on the board: its focus goes over before the button that has it goes.
     for (QPushButton *button : leaving) {
@@ -174,6 +173,7 @@ void JourneyBoard::showWhatIsThere()
             first->setFocus();
         button->hide();
     }
+    layOut();
 }
 
 // Where the buttons belong, before any displacement.
