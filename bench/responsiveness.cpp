@@ -77,8 +77,7 @@ void post(QWidget *target, QEvent::Type type, QPointF where, Qt::MouseButtons he
 }
 
 // Milliseconds from the event until `done`, and the widget was painted after it.
-template <class Done>
-double milliseconds(PaintCounter &counter, Done done)
+template <class Done> double milliseconds(PaintCounter &counter, Done done)
 {
     QElapsedTimer timer;
     timer.start();
@@ -94,7 +93,8 @@ double milliseconds(PaintCounter &counter, Done done)
 QPushButton *buttonThatPrints(QWidget &window)
 {
     auto *button = new QPushButton(QStringLiteral("OK"), &window);
-    QObject::connect(button, &QPushButton::clicked, button, [] { StandardOutput::standard().post("OK tapped\n"); });
+    QObject::connect(button, &QPushButton::clicked, button,
+                     [] { StandardOutput::standard().post("OK tapped\n"); });
     button->move(300, 250);
     button->show();
     return button;
@@ -104,7 +104,8 @@ QPushButton *buttonThatPrints(QWidget &window)
 double click(QPushButton *button, PaintCounter &counter)
 {
     int clicks = 0;
-    const auto connection = QObject::connect(button, &QPushButton::clicked, button, [&clicks] { ++clicks; });
+    const auto connection =
+        QObject::connect(button, &QPushButton::clicked, button, [&clicks] { ++clicks; });
     const QPointF middle = button->rect().center();
     post(button, QEvent::MouseButtonPress, middle, Qt::LeftButton);
     post(button, QEvent::MouseButtonRelease, middle, Qt::NoButton);
@@ -158,7 +159,8 @@ int main(int argc, char *argv[])
     QStandardPaths::setTestModeEnabled(true);
     QApplication application(argc, argv);
     const int events = argc > 1 ? std::max(100, std::atoi(argv[1])) : 1000;
-    std::fprintf(stderr, "from event to painted, in ms; two runs under way (bars: median 4, 99th percentile 16)\n");
+    std::fprintf(stderr,
+                 "from event to painted, in ms; two runs under way (bars: median 4, 99th percentile 16)\n");
 
     MainWindow window;
     window.resize(window.sizeHint());
@@ -187,9 +189,12 @@ int main(int argc, char *argv[])
             load.stop();
             while (!load.isIdle())
                 QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-            std::fprintf(stderr, "%d runs to %-8s clicks %6.2f %6.2f   slider %6.2f %6.2f   %4d runs ended, memory %+d KiB\n",
-                         runs, where, percentile(clicks, 0.5), percentile(clicks, 0.99), percentile(steps, 0.5),
-                         percentile(steps, 0.99), load.runsEnded(), largest - before);
+            std::fprintf(stderr,
+                         "%d runs to %-8s clicks %6.2f %6.2f   slider %6.2f %6.2f   %4d runs ended, memory "
+                         "%+d KiB\n",
+                         runs, where, percentile(clicks, 0.5), percentile(clicks, 0.99),
+                         percentile(steps, 0.5), percentile(steps, 0.99), load.runsEnded(),
+                         largest - before);
         }
     }
     Process::end(0);

@@ -7,6 +7,7 @@
 #include <QProcess>
 #include <QTest>
 
+#include <csignal>
 #include <thread>
 
 #include <fcntl.h>
@@ -118,6 +119,14 @@ int printAll()
     return ::open("/etc/passwd", O_RDONLY) > 2 ? 7 : 1; // no file becomes a standard one
 }
 
+// As a library does on its own account.
+int exitAmidARun()
+{
+    std::thread([] { simulation(); }).detach();
+    std::this_thread::sleep_for(200ms);
+    std::exit(0);
+}
+
 int endAmidARun()
 {
     std::thread([] { simulation(); }).detach();
@@ -199,12 +208,21 @@ private slots:
         QCOMPARE(Actor("printAll", prepare).status(), 7);
     }
 
+    void aProcessEndsAmidARunThatNobodyReads_data()
+    {
+        QTest::addColumn<QByteArray>("part");
+        QTest::addColumn<int>("status");
+        QTest::newRow("when it is quit") << QByteArray("endAmidARun") << 7;
+        QTest::newRow("when a library calls exit") << QByteArray("exitAmidARun") << EXIT_FAILURE;
+    }
+
     void aProcessEndsAmidARunThatNobodyReads()
     {
+        QFETCH(QByteArray, part);
         Pipe pipe;
-        Actor actor("endAmidARun", [&pipe] { ::dup2(pipe.writingEnd(), 1); });
+        Actor actor(part.constData(), [&pipe] { ::dup2(pipe.writingEnd(), 1); });
         QVERIFY(actor.process.waitForStarted());
-        QCOMPARE(actor.status(200 + 1000), 7);
+        QTEST(actor.status(200 + 1000), "status");
     }
 };
 
@@ -212,7 +230,8 @@ int main(int argc, char *argv[])
 {
     const QByteArrayView part = argc > 1 ? argv[1] : "";
     const std::pair<QByteArrayView, int (*)()> parts[] = {{"printAll", printAll},
-                                                          {"endAmidARun", endAmidARun}};
+                                                          {"endAmidARun", endAmidARun},
+                                                          {"exitAmidARun", exitAmidARun}};
     for (const auto &[name, act] : parts) {
         if (part == name) {
             Process::begin();
@@ -220,7 +239,7 @@ int main(int argc, char *argv[])
         }
     }
     QCoreApplication application(argc, argv);
-    Process::begin();
+    std::signal(SIGPIPE, SIG_IGN); // as in the application, for the pipes that are closed here
     StandardOutputTest test;
     return QTest::qExec(&test, argc, argv);
 }

@@ -7,7 +7,8 @@ namespace Process {
 
 /// The very first thing to do. From then on a reader of our output that goes away doesn't end the
 /// process, and standard input, output and error are open, if only to nowhere, so that no file
-/// opened later is taken for one of them.
+/// opened later is taken for one of them; and exit, called by anyone, ends the process as a failure
+/// the way that end does.
 void begin();
 
 /// Writes out what has been printed, for as long as that goes quickly, and ends the process at once:

@@ -1,6 +1,7 @@
 #include "platform/Process.h"
 
 #include <csignal>
+#include <cstdlib>
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -13,4 +14,6 @@ void Process::begin()
     while (file >= 0 && file <= STDERR_FILENO)
         file = ::open("/dev/null", O_RDWR);
     ::close(file);
+    // Whoever calls exit, as the toolkit does when the display goes, is not to hang there either.
+    std::atexit([] { end(EXIT_FAILURE); });
 }
