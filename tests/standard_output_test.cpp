@@ -229,9 +229,8 @@ private slots:
 int main(int argc, char *argv[])
 {
     const QByteArrayView part = argc > 1 ? argv[1] : "";
-    const std::pair<QByteArrayView, int (*)()> parts[] = {{"printAll", printAll},
-                                                          {"endAmidARun", endAmidARun},
-                                                          {"exitAmidARun", exitAmidARun}};
+    const std::pair<QByteArrayView, int (*)()> parts[] = {
+        {"printAll", printAll}, {"endAmidARun", endAmidARun}, {"exitAmidARun", exitAmidARun}};
     for (const auto &[name, act] : parts) {
         if (part == name) {
             Process::begin();

@@ -24,13 +24,14 @@ void inBackground(QObject *context, Work work, Done done, QThreadPool *pool = QT
     const auto handover = std::make_shared<Handover>();
     // A watcher, not a continuation of the future: those don't survive the end of their context.
     auto *watcher = new QFutureWatcher<void>(context);
-    QObject::connect(watcher, &QFutureWatcherBase::finished, context, [watcher, handover, done = std::move(done)] {
-        std::unique_lock lock(handover->mutex);
-        const auto result = std::move(*handover->result);
-        lock.unlock();
-        done(result);
-        watcher->deleteLater();
-    });
+    QObject::connect(watcher, &QFutureWatcherBase::finished, context,
+                     [watcher, handover, done = std::move(done)] {
+                         std::unique_lock lock(handover->mutex);
+                         const auto result = std::move(*handover->result);
+                         lock.unlock();
+                         done(result);
+                         watcher->deleteLater();
+                     });
     watcher->setFuture(QtConcurrent::run(pool, [handover, work = std::move(work)] {
         auto result = work();
         const std::lock_guard lock(handover->mutex);
