@@ -157,6 +157,8 @@ void sendStandardOutput(const char *where)
 int main(int argc, char *argv[])
 {
     QStandardPaths::setTestModeEnabled(true);
+    if (!qEnvironmentVariableIsSet("DISPLAY") && !qEnvironmentVariableIsSet("WAYLAND_DISPLAY"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
     const int events = argc > 1 ? std::max(100, std::atoi(argv[1])) : 1000;
     std::fprintf(stderr,
