@@ -5,9 +5,11 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QIcon>
 #include <QLabel>
 #include <QPushButton>
 #include <QSlider>
+#include <QStringListModel>
 
 #include <cmath>
 
@@ -35,6 +37,26 @@ QLabel *titleOf(QWidget *control, const QString &title)
     control->setAccessibleName(title);
     return text;
 }
+
+// The rows of a pop-up list; a row that has no room says itself in its tool tip.
+class PickerRows : public QStringListModel {
+public:
+    PickerRows(std::function<QIcon(const QString &)> icon, QObject *parent)
+        : QStringListModel(parent)
+        , m_icon(std::move(icon))
+    {
+    }
+
+    QVariant data(const QModelIndex &row, int role) const override
+    {
+        if (role == Qt::DecorationRole && m_icon)
+            return m_icon(row.data().toString());
+        return QStringListModel::data(row, role == Qt::ToolTipRole ? Qt::DisplayRole : role);
+    }
+
+private:
+    std::function<QIcon(const QString &)> m_icon;
+};
 
 } // namespace
 
@@ -91,15 +113,18 @@ QWidget *Slider(const QString &title, Binding<double> value, SliderRange range)
     return row;
 }
 
-QWidget *Picker(const QString &title, Binding<QString> selection, std::function<QStringList()> rows)
+QWidget *Picker(const QString &title, Binding<QString> selection, std::function<QStringList()> rows,
+                std::function<QIcon(const QString &)> icon)
 {
     auto *list = new QComboBox;
+    // As wide as a few characters, whatever the rows; what is longer is cut short where it is drawn.
     list->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     list->setMinimumContentsLength(8);
+    auto *model = new PickerRows(std::move(icon), list);
+    list->setModel(model);
     const auto showSelection = [list](const QString &name) { list->setCurrentIndex(list->findText(name)); };
-    follow(list, std::move(rows), [list, showSelection, get = selection.get](const QStringList &names) {
-        list->clear();
-        list->addItems(names);
+    follow(list, std::move(rows), [model, showSelection, get = selection.get](const QStringList &names) {
+        model->setStringList(names);
         showSelection(get());
     });
     follow(list, selection.get, showSelection);
