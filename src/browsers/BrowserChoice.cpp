@@ -46,8 +46,7 @@ void BrowserChoice::launch()
 bool BrowserChoice::openBundle()
 {
     for (const path &folder : {m_folders.everybodys, m_folders.own}) {
-        path bundle = folder;
-        bundle += "/" + FileName::bytes(m_selectedBrowser) + ".app";
+        const path bundle = folder.string() + '/' + FileName::bytes(m_selectedBrowser) + ".app";
         std::error_code error;
         if (std::filesystem::exists(bundle, error)) {
             m_workspace.openBundle(bundle);

@@ -24,5 +24,7 @@ QWidget *BrowserPicker(const State<QStringList> &browsers, State<QString> &selec
     };
     QWidget *picker = Picker(
         Titles::tr("ブラウザを選択"), selectedBrowser, [&browsers] { return browsers.value(); }, icon);
-    return onAppear([&choice] { choice.refill(); }, VStack({picker}, {.spacing = 20, .padded = true}));
+    QWidget *group = VStack({picker}, {.spacing = 20, .padded = true});
+    const auto refill = [&choice] { choice.refill(); };
+    return onAppear([refill, group] { afterPicture(refill, group); }, group);
 }

@@ -3,6 +3,7 @@
 #include "view/Modifiers.h"
 #include "view/Stacks.h"
 
+#include <QAbstractItemView>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QIcon>
@@ -12,6 +13,7 @@
 #include <QStringListModel>
 
 #include <cmath>
+#include <utility>
 
 namespace {
 
@@ -41,10 +43,12 @@ QLabel *titleOf(QWidget *control, const QString &title)
 // The rows of a pop-up list; a row that has no room says itself in its tool tip.
 class PickerRows : public QStringListModel {
 public:
-    PickerRows(std::function<QIcon(const QString &)> icon, QObject *parent)
-        : QStringListModel(parent)
-        , m_icon(std::move(icon))
+    using QStringListModel::QStringListModel;
+
+    void showIcons(const std::function<QIcon(const QString &)> &icon)
     {
+        m_icon = icon;
+        emit dataChanged(index(0), index(rowCount() - 1), {Qt::DecorationRole});
     }
 
     QVariant data(const QModelIndex &row, int role) const override
@@ -56,6 +60,46 @@ public:
 
 private:
     std::function<QIcon(const QString &)> m_icon;
+};
+
+// The first icon costs the reading of a whole icon theme, so it waits until somebody comes to choose.
+class PickerList : public QComboBox {
+public:
+    explicit PickerList(std::function<QIcon(const QString &)> icon)
+        : m_icon(std::move(icon))
+    {
+        // As wide as a few characters, whatever the rows; what is longer is cut short.
+        setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
+        setMinimumContentsLength(8);
+        setModel(m_rows);
+        view()->setTextElideMode(Qt::ElideMiddle);
+        view()->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    }
+
+    void setRows(const QStringList &names) { m_rows->setStringList(names); }
+
+    void showPopup() override
+    {
+        showIcons();
+        QComboBox::showPopup();
+    }
+
+protected:
+    void focusInEvent(QFocusEvent *event) override
+    {
+        showIcons();
+        QComboBox::focusInEvent(event);
+    }
+
+private:
+    void showIcons()
+    {
+        if (m_icon)
+            m_rows->showIcons(std::exchange(m_icon, nullptr));
+    }
+
+    std::function<QIcon(const QString &)> m_icon;
+    PickerRows *m_rows = new PickerRows(this);
 };
 
 } // namespace
@@ -116,15 +160,10 @@ QWidget *Slider(const QString &title, Binding<double> value, SliderRange range)
 QWidget *Picker(const QString &title, Binding<QString> selection, std::function<QStringList()> rows,
                 std::function<QIcon(const QString &)> icon)
 {
-    auto *list = new QComboBox;
-    // As wide as a few characters, whatever the rows; what is longer is cut short where it is drawn.
-    list->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    list->setMinimumContentsLength(8);
-    auto *model = new PickerRows(std::move(icon), list);
-    list->setModel(model);
+    auto *list = new PickerList(std::move(icon));
     const auto showSelection = [list](const QString &name) { list->setCurrentIndex(list->findText(name)); };
-    follow(list, std::move(rows), [model, showSelection, get = selection.get](const QStringList &names) {
-        model->setStringList(names);
+    follow(list, std::move(rows), [list, showSelection, get = selection.get](const QStringList &names) {
+        list->setRows(names);
         showSelection(get());
     });
     follow(list, selection.get, showSelection);

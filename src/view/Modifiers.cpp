@@ -2,6 +2,7 @@
 
 #include <QEvent>
 #include <QLabel>
+#include <QTimer>
 
 namespace {
 
@@ -18,6 +19,32 @@ public:
     {
         if (event->type() == QEvent::Show && !event->spontaneous())
             m_action();
+        return false;
+    }
+
+private:
+    std::function<void()> m_action;
+};
+
+class Picture : public QObject {
+public:
+    Picture(QWidget *widget, std::function<void()> action)
+        : QObject(widget)
+        , m_action(std::move(action))
+    {
+        widget->window()->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject *window, QEvent *event) override
+    {
+        if (event->type() == QEvent::Paint) {
+            window->removeEventFilter(this);
+            // This event is but the beginning of the picture; the next turn of the loop follows its end.
+            QTimer::singleShot(0, this, [this] {
+                m_action();
+                deleteLater();
+            });
+        }
         return false;
     }
 
@@ -47,6 +74,11 @@ QWidget *onAppear(std::function<void()> action, QWidget *widget)
 {
     new Appearance(widget, std::move(action));
     return widget;
+}
+
+void afterPicture(std::function<void()> action, QWidget *widget)
+{
+    new Picture(widget, std::move(action));
 }
 
 QWidget *wrapped(QWidget *text)
