@@ -234,6 +234,10 @@ class Journey(unittest.TestCase):
         self.program.wait(5)
         self.assertLess(time.monotonic() - started, 1.0)
 
+    def test_a_browser_that_is_not_there_is_said_at_once(self):
+        self.press("push button", "起動")
+        self.assertEqual(self.printed(), "Microsoft Edge が見つかりませんでした\n".encode())
+
     def test_windows_are_opened_and_closed(self):
         keys("ctrl+n")
         second = window("Tarumine 2")

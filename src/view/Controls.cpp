@@ -12,6 +12,7 @@
 #include <QSlider>
 #include <QStringListModel>
 
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -81,6 +82,7 @@ public:
     void showPopup() override
     {
         showIcons();
+        view()->window()->setMaximumWidth(std::max(width(), widestPopup));
         QComboBox::showPopup();
     }
 
@@ -97,6 +99,8 @@ private:
         if (m_icon)
             m_rows->showIcons(std::exchange(m_icon, nullptr));
     }
+
+    static constexpr int widestPopup = 480; // longer names are cut short there, too
 
     std::function<QIcon(const QString &)> m_icon;
     PickerRows *m_rows = new PickerRows(this);

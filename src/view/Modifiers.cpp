@@ -3,6 +3,7 @@
 #include <QEvent>
 #include <QLabel>
 #include <QTimer>
+#include <QWindow>
 
 namespace {
 
@@ -32,23 +33,32 @@ public:
         : QObject(widget)
         , m_action(std::move(action))
     {
-        widget->window()->installEventFilter(this);
+        QWindow *window = widget->window()->windowHandle();
+        if (!window || window->isExposed())
+            finish();
+        else
+            window->installEventFilter(this);
     }
 
     bool eventFilter(QObject *window, QEvent *event) override
     {
-        if (event->type() == QEvent::Paint) {
+        if (event->type() == QEvent::Expose || event->type() == QEvent::Paint) {
             window->removeEventFilter(this);
-            // This event is but the beginning of the picture; the next turn of the loop follows its end.
-            QTimer::singleShot(0, this, [this] {
-                m_action();
-                deleteLater();
-            });
+            finish();
         }
         return false;
     }
 
 private:
+    // The window paints itself while it learns that it can be seen, so the next turn is after that.
+    void finish()
+    {
+        QTimer::singleShot(0, this, [this] {
+            m_action();
+            deleteLater();
+        });
+    }
+
     std::function<void()> m_action;
 };
 
