@@ -55,7 +55,9 @@ def nodes(root):
 
 class Journey(unittest.TestCase):
     def setUp(self):
-        self.program = subprocess.Popen([PROGRAM], stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
+        alone = {**os.environ, "XDG_DATA_DIRS": os.path.join(WORK, "share")}  # whatever is installed here
+        self.program = subprocess.Popen([PROGRAM], env=alone, stdout=subprocess.PIPE,
+                                        stderr=subprocess.DEVNULL)
         self.window = window()
         run("xdotool", "windowfocus", "--sync", self.window)
         self.app = wait_for(self.application)
@@ -225,6 +227,10 @@ class Journey(unittest.TestCase):
         self.program.wait(5)
         self.assertLess(time.monotonic() - started, 1.0)
 
+    def test_a_browser_that_is_not_there_is_said_at_once(self):
+        self.press("push button", "起動")
+        self.assertEqual(self.printed(), "Microsoft Edge が見つかりませんでした\n".encode())
+
     def test_it_quits_within_a_second_under_an_open_dialog(self):
         keys("ctrl+n")
         second = window("Tarumine 2")
@@ -245,6 +251,7 @@ def on_own_display():
     os.close(writer)
     os.environ["DISPLAY"] = ":" + os.read(number, 16).decode().strip()
     os.environ.pop("QT_QPA_PLATFORM", None)
+    os.environ.pop("XDG_DATA_DIRS", None)  # the buses look for their services there
     os.environ["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"] = "1"
     os.environ["TARUMINE_JOURNEY"] = "1"
     manager = subprocess.Popen(["openbox"], stderr=subprocess.DEVNULL)

@@ -1,9 +1,13 @@
 #include "browsers/BrowserPicker.h"
 
+#include "browsers/BrowserChoice.h"
 #include "view/Controls.h"
+#include "view/Modifiers.h"
 #include "view/Stacks.h"
 
 #include <QCoreApplication>
+#include <QDir>
+#include <QIcon>
 
 namespace {
 struct Titles {
@@ -11,9 +15,16 @@ struct Titles {
 };
 } // namespace
 
-QWidget *BrowserPicker(const State<QStringList> &browsers, State<QString> &selectedBrowser)
+QWidget *BrowserPicker(const State<QStringList> &browsers, State<QString> &selectedBrowser,
+                       BrowserChoice &choice)
 {
-    return VStack(
-        {Picker(Titles::tr("ブラウザを選択"), selectedBrowser, [&browsers] { return browsers.value(); })},
-        {.spacing = 20, .padded = true});
+    const auto icon = [&choice](const QString &browser) {
+        const QString name = choice.icon(browser);
+        return QDir::isAbsolutePath(name) ? QIcon(name) : QIcon::fromTheme(name);
+    };
+    QWidget *picker = Picker(
+        Titles::tr("ブラウザを選択"), selectedBrowser, [&browsers] { return browsers.value(); }, icon);
+    QWidget *group = VStack({picker}, {.spacing = 20, .padded = true});
+    const auto refill = [&choice] { choice.refill(); };
+    return onAppear([refill, group] { afterPicture(refill, group); }, group);
 }

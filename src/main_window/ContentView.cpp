@@ -50,6 +50,7 @@ ContentView::ContentView(Seed seed, Surroundings &surroundings)
     , sp2(seed.sp2 ? *seed.sp2 : surroundings.defaults.integer(Key::IntKeyToggle2))
     , btnStatus(surroundings.defaults.integer(Key::CatPX5))
     , m_textLoading(text, sp1, sp2, surroundings.defaults, surroundings.newOpenPanel)
+    , m_browserChoice(browsers, selectedBrowser, surroundings.workspace, surroundings.bundleFolders)
 {
 }
 
@@ -69,7 +70,8 @@ QWidget *ContentView::detailColumn()
         .savePdf = [this] { savePDF(QCoreApplication::translate("ContentView", "名称未設定")); },
         .launch = [this] { launchEdge(); },
     };
-    QWidget *controls = ReadingControls(fontSize, actions, BrowserPicker(browsers, selectedBrowser));
+    QWidget *picker = BrowserPicker(browsers, selectedBrowser, m_browserChoice);
+    QWidget *controls = ReadingControls(fontSize, actions, picker);
     m_textPane = new TextPane(text, fontSize);
     QObject::connect(&m_textLoading, &TextLoading::loaded, m_textPane, [this] { m_textPane->setFocus(); });
     onAppear(
@@ -112,7 +114,10 @@ void ContentView::openText()
 
 void ContentView::savePDF(const QString &) { }
 
-void ContentView::launchEdge() { }
+void ContentView::launchEdge()
+{
+    m_browserChoice.launch();
+}
 
 void ContentView::simulation()
 {

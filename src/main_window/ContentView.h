@@ -1,5 +1,6 @@
 #pragma once
 
+#include "browsers/BrowserChoice.h"
 #include "main_window/Surroundings.h"
 #include "preferences/AppStorage.h"
 #include "preferences/PreferenceKeys.h"
@@ -80,6 +81,7 @@ private:
 
     // The tools that work on it.
     TextLoading m_textLoading;
+    BrowserChoice m_browserChoice;
 
     QPointer<Columns> m_columns;
     QPointer<TextPane> m_textPane;

@@ -4,6 +4,7 @@ Surroundings &Surroundings::standard()
 {
     static Host host;
     static Workspace workspace;
-    static Surroundings real{UserDefaults::standard(), host, workspace, ::newOpenPanel};
+    static Surroundings real{UserDefaults::standard(), host, workspace, ::newOpenPanel,
+                             BundleFolders::standard()};
     return real;
 }

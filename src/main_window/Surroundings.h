@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/BundleFolders.h"
 #include "platform/Host.h"
 #include "platform/OpenPanel.h"
 #include "platform/Workspace.h"
@@ -13,6 +14,7 @@ struct Surroundings {
     Host &host;
     Workspace &workspace;
     std::function<OpenPanel *(QWidget *window)> newOpenPanel;
+    BundleFolders bundleFolders = BundleFolders::standard();
 
     /// The real ones: this user's store, this computer, this desktop.
     static Surroundings &standard();

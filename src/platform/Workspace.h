@@ -1,13 +1,37 @@
 #pragma once
 
+#include <QString>
+
+#include <filesystem>
+#include <vector>
+
 class QUrl;
 
-/// The door to the programs outside this process.
+/// An application that the desktop knows.
+struct RegisteredApplication {
+    QString name;                ///< in the user's language
+    QString icon;                ///< a name in the icon theme, or a file; may be empty
+    std::filesystem::path entry; ///< where it is registered
+
+    bool operator==(const RegisteredApplication &) const = default;
+};
+
+/// The door to the programs outside this process. What is started there goes on when this process
+/// ends, and has none of its open files; whether it worked is only known there.
 class Workspace {
 public:
     virtual ~Workspace() = default;
 
-    /// Opens a page in the default browser, or a file with its default application. Whether that
-    /// worked is only known there.
+    /// Opens a page in the default browser, or a file with its default application.
     virtual bool open(const QUrl &url);
+
+    /// Starts an application that is put there as a whole, as one program or a folder with a program
+    /// in it; opens anything else with its default application.
+    virtual bool openBundle(const std::filesystem::path &bundle);
+
+    /// The web browsers registered with the desktop. May be asked on any thread.
+    virtual std::vector<RegisteredApplication> webBrowsers() const;
+
+    /// False when the application is registered no longer; nothing is started then.
+    virtual bool start(const RegisteredApplication &application);
 };

@@ -3,13 +3,18 @@
 #include "view/Modifiers.h"
 #include "view/Stacks.h"
 
+#include <QAbstractItemView>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QIcon>
 #include <QLabel>
 #include <QPushButton>
 #include <QSlider>
+#include <QStringListModel>
 
+#include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace {
 
@@ -35,6 +40,71 @@ QLabel *titleOf(QWidget *control, const QString &title)
     control->setAccessibleName(title);
     return text;
 }
+
+// The rows of a pop-up list; a row that has no room says itself in its tool tip.
+class PickerRows : public QStringListModel {
+public:
+    using QStringListModel::QStringListModel;
+
+    void showIcons(const std::function<QIcon(const QString &)> &icon)
+    {
+        m_icon = icon;
+        emit dataChanged(index(0), index(rowCount() - 1), {Qt::DecorationRole});
+    }
+
+    QVariant data(const QModelIndex &row, int role) const override
+    {
+        if (role == Qt::DecorationRole && m_icon)
+            return m_icon(row.data().toString());
+        return QStringListModel::data(row, role == Qt::ToolTipRole ? Qt::DisplayRole : role);
+    }
+
+private:
+    std::function<QIcon(const QString &)> m_icon;
+};
+
+// The first icon costs the reading of a whole icon theme, so it waits until somebody comes to choose.
+class PickerList : public QComboBox {
+public:
+    explicit PickerList(std::function<QIcon(const QString &)> icon)
+        : m_icon(std::move(icon))
+    {
+        // As wide as a few characters, whatever the rows; what is longer is cut short.
+        setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
+        setMinimumContentsLength(8);
+        setModel(m_rows);
+        view()->setTextElideMode(Qt::ElideMiddle);
+        view()->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    }
+
+    void setRows(const QStringList &names) { m_rows->setStringList(names); }
+
+    void showPopup() override
+    {
+        showIcons();
+        view()->window()->setMaximumWidth(std::max(width(), widestPopup));
+        QComboBox::showPopup();
+    }
+
+protected:
+    void focusInEvent(QFocusEvent *event) override
+    {
+        showIcons();
+        QComboBox::focusInEvent(event);
+    }
+
+private:
+    void showIcons()
+    {
+        if (m_icon)
+            m_rows->showIcons(std::exchange(m_icon, nullptr));
+    }
+
+    static constexpr int widestPopup = 480; // longer names are cut short there, too
+
+    std::function<QIcon(const QString &)> m_icon;
+    PickerRows *m_rows = new PickerRows(this);
+};
 
 } // namespace
 
@@ -91,15 +161,13 @@ QWidget *Slider(const QString &title, Binding<double> value, SliderRange range)
     return row;
 }
 
-QWidget *Picker(const QString &title, Binding<QString> selection, std::function<QStringList()> rows)
+QWidget *Picker(const QString &title, Binding<QString> selection, std::function<QStringList()> rows,
+                std::function<QIcon(const QString &)> icon)
 {
-    auto *list = new QComboBox;
-    list->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    list->setMinimumContentsLength(8);
+    auto *list = new PickerList(std::move(icon));
     const auto showSelection = [list](const QString &name) { list->setCurrentIndex(list->findText(name)); };
     follow(list, std::move(rows), [list, showSelection, get = selection.get](const QStringList &names) {
-        list->clear();
-        list->addItems(names);
+        list->setRows(names);
         showSelection(get());
     });
     follow(list, selection.get, showSelection);

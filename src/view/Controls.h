@@ -7,6 +7,7 @@
 
 #include <functional>
 
+class QIcon;
 class QWidget;
 
 // Controls. Each shows what its state says and writes back what the user does; titles are shown
@@ -28,5 +29,7 @@ struct SliderRange {
 /// A visible title and a slider that can take the values from, from + step, … to.
 QWidget *Slider(const QString &title, Binding<double> value, SliderRange range);
 
-/// A visible title above a pop-up list; a row is shown as chosen when it equals `selection`.
-QWidget *Picker(const QString &title, Binding<QString> selection, std::function<QStringList()> rows);
+/// A visible title above a pop-up list; a row is shown as chosen when it equals `selection`. Icons
+/// are asked for from when somebody first turns to it, for the rows that are drawn.
+QWidget *Picker(const QString &title, Binding<QString> selection, std::function<QStringList()> rows,
+                std::function<QIcon(const QString &row)> icon = {});

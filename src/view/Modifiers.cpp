@@ -2,6 +2,8 @@
 
 #include <QEvent>
 #include <QLabel>
+#include <QTimer>
+#include <QWindow>
 
 namespace {
 
@@ -22,6 +24,41 @@ public:
     }
 
 private:
+    std::function<void()> m_action;
+};
+
+class Picture : public QObject {
+public:
+    Picture(QWidget *widget, std::function<void()> action)
+        : QObject(widget)
+        , m_action(std::move(action))
+    {
+        QWindow *window = widget->window()->windowHandle();
+        if (!window || window->isExposed())
+            finish();
+        else
+            window->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject *window, QEvent *event) override
+    {
+        if (event->type() == QEvent::Expose || event->type() == QEvent::Paint) {
+            window->removeEventFilter(this);
+            finish();
+        }
+        return false;
+    }
+
+private:
+    // The window paints itself while it learns that it can be seen, so the next turn is after that.
+    void finish()
+    {
+        QTimer::singleShot(0, this, [this] {
+            m_action();
+            deleteLater();
+        });
+    }
+
     std::function<void()> m_action;
 };
 
@@ -47,6 +84,11 @@ QWidget *onAppear(std::function<void()> action, QWidget *widget)
 {
     new Appearance(widget, std::move(action));
     return widget;
+}
+
+void afterPicture(std::function<void()> action, QWidget *widget)
+{
+    new Picture(widget, std::move(action));
 }
 
 QWidget *wrapped(QWidget *text)

@@ -20,5 +20,9 @@ QWidget *named(const QString &name, QWidget *widget);
 /// does not count.
 QWidget *onAppear(std::function<void()> action, QWidget *widget);
 
+/// Runs `action` once, when the window that holds the widget has been painted: for what the first
+/// picture of a window shall not wait for.
+void afterPicture(std::function<void()> action, QWidget *widget);
+
 /// Breaks the lines of a Text where it has no room, and centres them.
 QWidget *wrapped(QWidget *text);

@@ -35,21 +35,30 @@ std::optional<QByteArray> readToEnd(int file, qint64 expected, qint64 limit)
     return content;
 }
 
+bool isRegularFile(const char *path)
+{
+    struct stat about { };
+    return ::stat(path, &about) == 0 && S_ISREG(about.st_mode);
+}
+
 } // namespace
 
 bool isRegularFile(const QString &path)
 {
-    struct stat about { };
-    return ::stat(QFile::encodeName(path).constData(), &about) == 0 && S_ISREG(about.st_mode);
+    return isRegularFile(QFile::encodeName(path).constData());
 }
 
 std::optional<QByteArray> readRegularFile(const QString &path, qint64 limit)
 {
-    if (!isRegularFile(path))
+    return readRegularFile(std::filesystem::path(QFile::encodeName(path).toStdString()), limit);
+}
+
+std::optional<QByteArray> readRegularFile(const std::filesystem::path &path, qint64 limit)
+{
+    if (!isRegularFile(path.c_str()))
         return std::nullopt;
     // O_NONBLOCK: what stands under the name may have been exchanged since, for a FIFO say.
-    const int file =
-        ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK);
+    const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK);
     if (file < 0)
         return std::nullopt;
     const auto closing = qScopeGuard([file] { ::close(file); });

@@ -1,18 +1,43 @@
 #include "platform/Workspace.h"
 
-#include <QProcess>
+#include "platform/linux/Bundle.h"
+#include "platform/linux/DesktopEntries.h"
+#include "platform/linux/DetachedProgram.h"
+
 #include <QUrl>
+
+namespace {
+
+bool openByDefault(const QByteArray &url)
+{
+    return startDetached({"xdg-open", url.toStdString()});
+}
+
+// Made by hand: a QUrl has no place for the bytes of a name that are no UTF-8.
+QByteArray fileUrl(const std::filesystem::path &file)
+{
+    return "file://" + QByteArray::fromStdString(file.string()).toPercentEncoding("/");
+}
+
+} // namespace
 
 bool Workspace::open(const QUrl &url)
 {
-    if (!url.isValid())
-        return false;
-    // Started by hand rather than by the toolkit, which would hand our standard output on.
-    QProcess opener;
-    opener.setProgram(QStringLiteral("xdg-open"));
-    opener.setArguments({url.toString(QUrl::FullyEncoded)});
-    opener.setStandardInputFile(QProcess::nullDevice());
-    opener.setStandardOutputFile(QProcess::nullDevice());
-    opener.setStandardErrorFile(QProcess::nullDevice());
-    return opener.startDetached();
+    return url.isValid() && openByDefault(url.toEncoded());
+}
+
+bool Workspace::openBundle(const std::filesystem::path &bundle)
+{
+    const auto program = programOf(bundle);
+    return program ? startDetached({program->string()}) : openByDefault(fileUrl(bundle));
+}
+
+std::vector<RegisteredApplication> Workspace::webBrowsers() const
+{
+    return DesktopEntries::webBrowsers(DesktopEntries::folders());
+}
+
+bool Workspace::start(const RegisteredApplication &application)
+{
+    return DesktopEntries::start(application.entry);
 }

@@ -1,0 +1,11 @@
+#pragma once
+
+#include <filesystem>
+
+/// The folders into which whole applications are put, in the order in which they are looked for.
+struct BundleFolders {
+    std::filesystem::path everybodys;
+    std::filesystem::path own;
+
+    static BundleFolders standard();
+};

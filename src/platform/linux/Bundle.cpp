@@ -1,0 +1,62 @@
+#include "platform/linux/Bundle.h"
+
+#include "platform/FileName.h"
+#include "platform/RegularFile.h"
+
+#include <QFile>
+#include <QXmlStreamReader>
+
+#include <unistd.h>
+
+using std::filesystem::path;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+bool isProgram(const path &file)
+{
+    std::error_code error;
+    return std::filesystem::is_regular_file(file, error) && ::access(file.c_str(), X_OK) == 0;
+}
+
+bool isPlainName(const std::string &name)
+{
+    return !name.empty() && name != "." && name != ".." && name.find('/') == std::string::npos;
+}
+
+std::string bundleName(const path &bundle)
+{
+    const std::string name = bundle.filename().string();
+    return name.ends_with(".app") ? name.substr(0, name.size() - 4) : name;
+}
+
+// The program's name as the bundle's own description gives it.
+std::string describedExecutable(const path &bundle)
+{
+    constexpr qint64 largest = 1 << 20;
+    const auto description = readRegularFile(bundle / "Contents/Info.plist", largest);
+    QXmlStreamReader reader(description.value_or(QByteArray()));
+    while (reader.readNextStartElement() || !reader.atEnd()) {
+        if (reader.isStartElement() && reader.name() == "key"_L1
+            && reader.readElementText() == "CFBundleExecutable"_L1 && reader.readNextStartElement())
+            return FileName::bytes(reader.readElementText());
+    }
+    return {};
+}
+
+} // namespace
+
+std::optional<path> programOf(const path &bundle)
+{
+    if (isProgram(bundle))
+        return bundle;
+    const std::string name = bundleName(bundle);
+    const std::string described = describedExecutable(bundle);
+    const path contents = bundle / "Contents/MacOS";
+    for (const path &candidate :
+         {bundle / "AppRun", bundle / name, contents / (isPlainName(described) ? described : name)}) {
+        if (isProgram(candidate))
+            return candidate;
+    }
+    return std::nullopt;
+}
