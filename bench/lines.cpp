@@ -171,7 +171,7 @@ int main(int argc, char *argv[])
         compare("to nowhere", nowhere, threads, 3 * runs, bar);
         compare("to a file", file, threads, 3 * runs, bar);
         compare("to a pipe", pipeThatIsRead, threads, 3 * runs, bar);
-        compare("to a terminal", terminal, threads, std::max(1, runs / 5), bar);
+        compare("to a terminal", terminal, threads, std::max(1, runs / 3), bar);
     }
     return 0;
 }

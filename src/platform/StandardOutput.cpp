@@ -2,6 +2,8 @@
 
 #include <system_error>
 
+#include <unistd.h>
+
 namespace {
 constexpr size_t mostPosted = 1000;
 }
@@ -14,6 +16,7 @@ StandardOutput &StandardOutput::standard()
 
 StandardOutput::StandardOutput(std::FILE *stream)
     : m_stream(stream)
+    , m_isTerminal(::isatty(::fileno(stream)) == 1)
 {
 }
 
@@ -58,8 +61,9 @@ void StandardOutput::finish(std::chrono::milliseconds patience)
 {
     if (ftrylockfile(m_stream) != 0) {
         // Two runs that hand the lock to and fro spend most of their time on that. So the other one
-        // goes on for a while, undisturbed.
-        std::this_thread::sleep_for(std::chrono::microseconds(50));
+        // goes on for a while, undisturbed; not on a terminal, where a line costs more than the lock.
+        if (!m_isTerminal)
+            std::this_thread::sleep_for(std::chrono::microseconds(50));
         flockfile(m_stream);
     }
     for (; *line; ++line)

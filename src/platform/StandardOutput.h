@@ -44,6 +44,7 @@ private:
     void writePosted();
 
     std::FILE *const m_stream;
+    const bool m_isTerminal;
     // False while print has to look closer: posted lines are waiting, or printing has ended.
     std::atomic<bool> m_isOpen{true};
 
