@@ -102,6 +102,8 @@ private slots:
     void cleanup()
     {
         QThreadPool::globalInstance()->waitForDone();
+        std::error_code missing;
+        fs::permissions(m_folders.everybodys, fs::perms::owner_all, missing);
         fs::remove_all(inRoot("")); // also what has names that the toolkit can't say
     }
 

@@ -11,6 +11,8 @@
 #include <QPushButton>
 #include <QSlider>
 #include <QStringListModel>
+#include <QStyle>
+#include <QStyleOptionComboBox>
 
 #include <algorithm>
 #include <cmath>
@@ -87,6 +89,16 @@ public:
     }
 
 protected:
+    void initStyleOption(QStyleOptionComboBox *option) const override
+    {
+        QComboBox::initStyleOption(option);
+        const QRect field =
+            style()->subControlRect(QStyle::CC_ComboBox, option, QStyle::SC_ComboBoxEditField, this);
+        const int icon = option->currentIcon.isNull() ? 0 : option->iconSize.width() + 4;
+        option->currentText =
+            fontMetrics().elidedText(option->currentText, Qt::ElideRight, field.width() - icon - 2);
+    }
+
     void focusInEvent(QFocusEvent *event) override
     {
         showIcons();
