@@ -150,17 +150,6 @@ private slots:
         QTEST(installedBrowsers(m_folders, {}), "found");
     }
 
-    void whateverHasTheNameIsABundle()
-    {
-        fs::create_symlink("nowhere", m_folders.everybodys / "Safari.app");
-        QCOMPARE(::mkfifo((m_folders.everybodys / "Arc.app").c_str(), 0600), 0);
-        write(m_folders.everybodys / "Opera.app", "");
-        write(m_folders.everybodys / "Edge \xff\x80.app", "");
-        const QStringList found = installedBrowsers(m_folders, {});
-        QCOMPARE(found.size(), 4);
-        QCOMPARE(FileName::bytes(found[1]), "Edge \xff\x80");
-    }
-
     void aFolderThatCannotBeListedIsSkipped_data()
     {
         QTest::addColumn<int>("fault");
@@ -188,16 +177,6 @@ private slots:
         QCOMPARE(installedBrowsers(m_folders, {}), QStringList{u"Opera"_s});
         m_folders.own = inRoot("none");
         QCOMPARE(installedBrowsers(m_folders, {}), QStringList());
-    }
-
-    void tenThousandBundlesAreListed()
-    {
-        for (int i = 0; i < 10'000; ++i)
-            write(m_folders.own / ("Arc " + std::to_string(i) + ".app"), "");
-        const QStringList found = installedBrowsers(m_folders, {});
-        QCOMPARE(found.size(), 10'000);
-        QCOMPARE(found.first(), u"Arc 0"_s);
-        QCOMPARE(found.last(), u"Arc 9999"_s);
     }
 
     void portableProgramsAreShownWithoutTheirVersion_data()
@@ -471,29 +450,6 @@ private slots:
         QThreadPool::globalInstance()->waitForDone();
         QTest::qWait(50);
         QCOMPARE(selected.value(), u"Arc"_s);
-    }
-
-    void manyAndLongNamesChangeNoWidth()
-    {
-        ScriptedWorkspace workspace;
-        State<QStringList> browsers;
-        State<QString> selected;
-        BrowserChoice choice(browsers, selected, workspace, m_folders);
-        const std::unique_ptr<QWidget> picker(BrowserPicker(browsers, selected, choice));
-        picker->show();
-        const QSize before = picker->sizeHint(), least = picker->minimumSizeHint();
-        QStringList names;
-        for (int i = 0; i < 500; ++i)
-            names += QString(300, u'ブ') + QString::number(i);
-        browsers = names;
-        selected = names.last();
-        auto *list = picker->findChild<QComboBox *>();
-        list->setFocus();
-        QCOMPARE(list->currentText(), names.last());
-        QCOMPARE(picker->sizeHint(), before);
-        QCOMPARE(picker->minimumSizeHint(), least);
-        list->showPopup();
-        QVERIFY(list->view()->width() <= 480);
     }
 };
 
