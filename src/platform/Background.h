@@ -1,14 +1,17 @@
 #pragma once
 
-#include <QFutureWatcher>
 #include <QThreadPool>
-#include <QtConcurrentRun>
 
+#include <functional>
 #include <memory>
-#include <mutex>
 #include <optional>
 #include <type_traits>
 #include <utility>
+
+/// Runs `work` on a thread of the pool, then `done` on the thread of `context`, unless `context` is
+/// gone by then.
+void runInBackground(QObject *context, QThreadPool *pool, std::function<void()> work,
+                     std::function<void()> done);
 
 /// Runs `work` on a thread of a pool, which is the shared one unless the work may be held up for
 /// long, then hands its result to `done` on the thread of `context`; when `context` is gone by then,
@@ -16,25 +19,8 @@
 template <class Work, class Done>
 void inBackground(QObject *context, Work work, Done done, QThreadPool *pool = QThreadPool::globalInstance())
 {
-    // The result is handed over under a mutex of our own, which the thread sanitizer can see.
-    struct Handover {
-        std::mutex mutex;
-        std::optional<std::invoke_result_t<Work>> result;
-    };
-    const auto handover = std::make_shared<Handover>();
-    // A watcher, not a continuation of the future: those don't survive the end of their context.
-    auto *watcher = new QFutureWatcher<void>(context);
-    QObject::connect(watcher, &QFutureWatcherBase::finished, context,
-                     [watcher, handover, done = std::move(done)] {
-                         std::unique_lock lock(handover->mutex);
-                         const auto result = std::move(*handover->result);
-                         lock.unlock();
-                         done(result);
-                         watcher->deleteLater();
-                     });
-    watcher->setFuture(QtConcurrent::run(pool, [handover, work = std::move(work)] {
-        auto result = work();
-        const std::lock_guard lock(handover->mutex);
-        handover->result = std::move(result);
-    }));
+    auto result = std::make_shared<std::optional<std::invoke_result_t<Work>>>();
+    runInBackground(
+        context, pool, [result, work = std::move(work)] { *result = work(); },
+        [result, done = std::move(done)] { done(std::as_const(**result)); });
 }

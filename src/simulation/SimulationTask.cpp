@@ -14,7 +14,6 @@ QThreadPool *backgroundPool()
     static QThreadPool *pool = [] {
         auto *threads = new QThreadPool;
         threads->setMaxThreadCount(16);
-        threads->setExpiryTimeout(0); // runs are rare
         return threads;
     }();
     return pool;
