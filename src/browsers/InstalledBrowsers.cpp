@@ -1,13 +1,12 @@
 #include "browsers/InstalledBrowsers.h"
 
 #include "platform/FileName.h"
+#include "platform/RegularFile.h"
 
 #include <QRegularExpression>
 
 #include <algorithm>
 #include <array>
-
-#include <unistd.h>
 
 using std::filesystem::path;
 using namespace Qt::StringLiterals;
@@ -51,12 +50,6 @@ QString withoutVersion(const QString &name)
         u"(?<=.)[-_ .]+(v?[0-9]|(x86[-_]64|amd64|i[36]86|aarch64|arm64|armhf)(?![A-Za-z0-9])).*$"_s,
         QRegularExpression::CaseInsensitiveOption | QRegularExpression::DotMatchesEverythingOption);
     return QString(name).remove(tail);
-}
-
-bool isProgram(const path &file)
-{
-    std::error_code error;
-    return std::filesystem::is_regular_file(file, error) && ::access(file.c_str(), X_OK) == 0;
 }
 
 struct SortableName {

@@ -13,3 +13,6 @@ std::optional<QByteArray> readRegularFile(const std::filesystem::path &path, qin
 std::optional<QByteArray> readRegularFile(const QString &path, qint64 limit);
 
 bool isRegularFile(const QString &path);
+
+/// Whether an ordinary file stands there that this user may execute.
+bool isProgram(const std::filesystem::path &file);

@@ -74,12 +74,6 @@ QWidget *visibleWhen(std::function<bool()> condition, QWidget *widget)
     return widget;
 }
 
-QWidget *named(const QString &name, QWidget *widget)
-{
-    widget->setAccessibleName(name);
-    return widget;
-}
-
 QWidget *onAppear(std::function<void()> action, QWidget *widget)
 {
     new Appearance(widget, std::move(action));

@@ -13,9 +13,6 @@ class QWidget;
 /// Hidden, and taking no room, while `condition` is false.
 QWidget *visibleWhen(std::function<bool()> condition, QWidget *widget);
 
-/// The name that a screen reader says, for a widget without a visible label.
-QWidget *named(const QString &name, QWidget *widget);
-
 /// Runs `action` each time the widget comes on screen anew; uncovering or un-minimising a window
 /// does not count.
 QWidget *onAppear(std::function<void()> action, QWidget *widget);

@@ -6,18 +6,10 @@
 #include <QFile>
 #include <QXmlStreamReader>
 
-#include <unistd.h>
-
 using std::filesystem::path;
 using namespace Qt::StringLiterals;
 
 namespace {
-
-bool isProgram(const path &file)
-{
-    std::error_code error;
-    return std::filesystem::is_regular_file(file, error) && ::access(file.c_str(), X_OK) == 0;
-}
 
 bool isPlainName(const std::string &name)
 {

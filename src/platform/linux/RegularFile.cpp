@@ -67,3 +67,9 @@ std::optional<QByteArray> readRegularFile(const std::filesystem::path &path, qin
         return std::nullopt;
     return readToEnd(file, about.st_size, limit);
 }
+
+bool isProgram(const std::filesystem::path &file)
+{
+    std::error_code error;
+    return std::filesystem::is_regular_file(file, error) && ::access(file.c_str(), X_OK) == 0;
+}
