@@ -32,6 +32,7 @@ private:
     void add(const Glyph &glyph);
     void setFont(const Glyph &glyph);
     void setRise(Millipoints up);
+    void setMute(bool mute);
     void move(Millipoints right);
     void appendByte(unsigned char byte);
     void openString();
@@ -43,6 +44,7 @@ private:
     Millipoints m_left = 0;
     Millipoints m_baseline = 0;
     Millipoints m_rise = 0;
+    bool m_mute = false;
     bool m_inArray = false;
     bool m_inString = false;
 };
@@ -60,12 +62,14 @@ void Content::add(const Line &line, const Glyph *glyphs)
     for (std::size_t i = 0; i < line.glyphs; ++i)
         add(glyphs[i]);
     setRise(0);
+    setMute(false);
     closeArray();
     m_text += '\n';
 }
 
 void Content::add(const Glyph &glyph)
 {
+    setMute(glyph.code.isMute);
     setFont(glyph);
     setRise(glyph.up);
     if (glyph.right != 0)
@@ -102,12 +106,24 @@ void Content::setRise(Millipoints up)
     m_text += " Ts";
 }
 
+// Readers tend to take a code without a text for a character of that number.
+void Content::setMute(bool mute)
+{
+    if (m_mute == mute)
+        return;
+    closeArray();
+    m_mute = mute;
+    m_text += mute ? "/Span<</ActualText()>>BDC " : " EMC ";
+}
+
 // In thousandths of the font's size, and to the left.
 void Content::move(Millipoints right)
 {
     closeString();
     if (!m_inArray)
         m_text += '[';
+    else if (m_text.back() != ')')
+        m_text += ' '; // two numbers in a row
     m_inArray = true;
     appendNumber(m_text, -right / textSize);
 }

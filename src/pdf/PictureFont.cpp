@@ -10,6 +10,8 @@
 
 namespace {
 
+constexpr int letterM = DocumentFonts::picturesPerFont;
+
 QPDFObjectHandle image(QPDF &document, const QImage &picture, const char *colours, const std::string &bytes)
 {
     QPDFObjectHandle stream = pdfStream(document, bytes);
@@ -86,10 +88,18 @@ QPDFObjectHandle pictureFont(QPDF &document, const DocumentFonts::Font &font, Pi
         differences.appendItem(QPDFObjectHandle::newName(name));
         widths.appendItem(QPDFObjectHandle::newReal(advance, 3));
     }
+    // Some readers take the size of such a font from the width of its letter m, and set what seems to be
+    // of another size apart.
+    procedures.replaceKey("/m", pdfStream(document, "600 0 d0"));
+    differences.appendItem(QPDFObjectHandle::newInteger(letterM));
+    differences.appendItem(QPDFObjectHandle::newName("/m"));
+    while (widths.getArrayNItems() < letterM)
+        widths.appendItem(QPDFObjectHandle::newInteger(0));
+    widths.appendItem(QPDFObjectHandle::newInteger(600));
     QPDFObjectHandle made = QPDFObjectHandle::parse("<</Type /Font /Subtype /Type3 /FontBBox [0 -300 1300 "
                                                     "1000] /FontMatrix [0.001 0 0 0.001 0 0] /FirstChar 0 "
                                                     "/Encoding <</Type /Encoding>> /Resources <<>> >>");
-    made.replaceKey("/LastChar", QPDFObjectHandle::newInteger(std::int64_t(font.codes.size()) - 1));
+    made.replaceKey("/LastChar", QPDFObjectHandle::newInteger(letterM));
     made.replaceKey("/Widths", widths);
     made.replaceKey("/CharProcs", procedures);
     made.getKey("/Encoding").replaceKey("/Differences", differences);

@@ -1,15 +1,11 @@
 #include "typesetting/DocumentFonts.h"
 
-namespace {
-
-constexpr std::size_t picturesPerFont = 256; // their codes are single bytes
-
-} // namespace
-
 GlyphCode DocumentFonts::code(const FontFile &file, hb_codepoint_t glyph, std::u16string_view text)
 {
-    return file.glyphs() == FontFile::Glyphs::Pictures ? pictureCode(file, glyph, text)
-                                                       : outlineCode(file, glyph, text);
+    GlyphCode code = file.glyphs() == FontFile::Glyphs::Pictures ? pictureCode(file, glyph, text)
+                                                                 : outlineCode(file, glyph, text);
+    code.isMute = text.empty();
+    return code;
 }
 
 GlyphCode DocumentFonts::outlineCode(const FontFile &file, hb_codepoint_t glyph, std::u16string_view text)
@@ -18,11 +14,11 @@ GlyphCode DocumentFonts::outlineCode(const FontFile &file, hb_codepoint_t glyph,
     for (const std::uint16_t font : m_ofFile[&file]) {
         const auto [entry, isNew] = m_fonts[font].codes.try_emplace(code, glyph, std::u16string(text));
         if (isNew || entry->second.text == text)
-            return {font, 0, code};
+            return {.font = font, .code = code};
     }
     const std::uint16_t font = added(file);
     m_fonts[font].codes.try_emplace(code, glyph, std::u16string(text));
-    return {font, 0, code};
+    return {.font = font, .code = code};
 }
 
 GlyphCode DocumentFonts::pictureCode(const FontFile &file, hb_codepoint_t glyph, std::u16string_view text)
@@ -31,14 +27,14 @@ GlyphCode DocumentFonts::pictureCode(const FontFile &file, hb_codepoint_t glyph,
     for (const std::uint16_t font : ofFile) {
         for (const auto &[code, entry] : m_fonts[font].codes) {
             if (entry.glyph == glyph && entry.text == text)
-                return {font, 1, code};
+                return {.font = font, .isPicture = 1, .code = code};
         }
     }
     const bool full = ofFile.empty() || m_fonts[ofFile.back()].codes.size() == picturesPerFont;
     const std::uint16_t font = full ? added(file) : ofFile.back();
     const auto code = std::uint16_t(m_fonts[font].codes.size());
     m_fonts[font].codes.try_emplace(code, glyph, std::u16string(text));
-    return {font, 1, code};
+    return {.font = font, .isPicture = 1, .code = code};
 }
 
 std::uint16_t DocumentFonts::added(const FontFile &file)

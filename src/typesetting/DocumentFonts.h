@@ -10,8 +10,9 @@
 
 /// How a page names a glyph: a font of the document, and a code in it.
 struct GlyphCode {
-    std::uint16_t font : 15 = 0;
+    std::uint16_t font : 14 = 0;
     std::uint16_t isPicture : 1 = 0; // the codes of pictures are single bytes
+    std::uint16_t isMute : 1 = 0;    // stands for no text at all
     std::uint16_t code = 0;
 };
 
@@ -20,6 +21,8 @@ struct GlyphCode {
 /// face appears as two fonts, which differ in nothing but the texts of their codes.
 class DocumentFonts {
 public:
+    static constexpr std::size_t picturesPerFont = 255; // single bytes, but for the last one
+
     struct Entry {
         hb_codepoint_t glyph = 0;
         std::u16string text;

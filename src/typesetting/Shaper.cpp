@@ -208,6 +208,7 @@ void Shaper::shape(std::u16string_view text, std::size_t from, const Unit &unit,
     const std::u16string_view seen = text.substr(from - before, before + unit.length + contextLength);
     hb_buffer_t *buffer = m_buffer.get();
     hb_buffer_clear_contents(buffer);
+    hb_buffer_set_flags(buffer, HB_BUFFER_FLAG_DO_NOT_INSERT_DOTTED_CIRCLE);
     hb_buffer_add_utf16(buffer, reinterpret_cast<const std::uint16_t *>(seen.data()), int(seen.size()),
                         unsigned(before), int(unit.length));
     hb_buffer_set_direction(buffer, rightToLeft ? HB_DIRECTION_RTL : HB_DIRECTION_LTR);

@@ -137,7 +137,7 @@ void Typesetter::placeCells(std::size_t cells, Line &line)
     if (anyLeft) {
         // What hangs over lies beyond the left end then, and the rest ends at the right one.
         if (m_directions.base() % 2 != 0)
-            line.left += m_lineWidth - width;
+            line.left += m_lineWidth - std::clamp(width, 0, m_lineWidth);
         placeInVisualOrder(cells);
     } else {
         const auto glyphs = m_pending.glyphs.begin() + std::ptrdiff_t(m_firstGlyph);
