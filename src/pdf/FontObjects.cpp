@@ -64,18 +64,18 @@ QPDFObjectHandle composite(QPDF &document, QPDFObjectHandle outlines)
 
 } // namespace
 
-QPDFObjectHandle fontResources(QPDF &document, const DocumentFonts &fonts)
+QPDFObjectHandle fontResources(QPDF &document, const DocumentFonts &fonts, bool grey)
 {
     const auto used = usedGlyphs(fonts);
     std::map<const FontFile *, QPDFObjectHandle> outlines;
-    Pictures pictures;
+    Pictures pictures{document, grey, {}};
     QPDFObjectHandle resources = QPDFObjectHandle::newDictionary();
     for (std::size_t number = 0; number < fonts.fonts().size(); ++number) {
         const DocumentFonts::Font &font = fonts.fonts()[number];
         const bool pictured = font.file->glyphs() == FontFile::Glyphs::Pictures;
         QPDFObjectHandle made;
         if (pictured) {
-            made = pictureFont(document, font, pictures);
+            made = pictureFont(font, pictures);
         } else {
             QPDFObjectHandle &shared = outlines[font.file];
             if (!shared.isInitialized())

@@ -33,7 +33,7 @@ std::string subset(const FontFile &file, const UsedGlyphs &glyphs)
          {"GSUB", "GPOS", "GDEF", "BASE", "JSTF", "vhea", "vmtx", "VORG", "cmap", "name", "OS/2",
           "post", "DSIG", "kern", "hdmx", "VDMX", "LTSH", "gasp", "COLR", "CPAL", "MATH"})
         hb_set_add(dropped, hb_tag_from_string(table, 4));
-    unsigned flags = HB_SUBSET_FLAGS_NO_HINTING;
+    unsigned flags = HB_SUBSET_FLAGS_NO_HINTING | HB_SUBSET_FLAGS_DESUBROUTINIZE;
     if (!file.isKeyedByCharacter())
         flags |= HB_SUBSET_FLAGS_RETAIN_GIDS;
     hb_subset_input_set_flags(input.get(), flags);

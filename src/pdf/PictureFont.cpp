@@ -25,14 +25,18 @@ QPDFObjectHandle image(QPDF &document, const QImage &picture, const char *colour
     return stream;
 }
 
-// Null when the glyph has no picture.
-QPDFObjectHandle picture(QPDF &document, const FontFile &file, hb_codepoint_t glyph)
+QImage read(const FontFile &file, hb_codepoint_t glyph)
 {
     const HarfBuzz<hb_blob_t> blob(hb_ot_color_glyph_reference_png(file.font(), glyph));
     unsigned length = 0;
     const char *data = hb_blob_get_data(blob.get(), &length);
-    const QImage read = QImage::fromData(reinterpret_cast<const uchar *>(data), int(length), "PNG")
-                            .convertToFormat(QImage::Format_RGBA8888);
+    return QImage::fromData(reinterpret_cast<const uchar *>(data), int(length), "PNG")
+        .convertToFormat(QImage::Format_RGBA8888);
+}
+
+// Null when the glyph has no picture.
+QPDFObjectHandle picture(QPDF &document, bool grey, const QImage &read)
+{
     if (read.isNull())
         return QPDFObjectHandle::newNull();
     std::string colours;
@@ -40,11 +44,14 @@ QPDFObjectHandle picture(QPDF &document, const FontFile &file, hb_codepoint_t gl
     for (int y = 0; y < read.height(); ++y) {
         const uchar *pixel = read.constScanLine(y);
         for (int x = 0; x < read.width(); ++x, pixel += 4) {
-            colours.append(reinterpret_cast<const char *>(pixel), 3);
+            if (grey)
+                colours += char(qGray(pixel[0], pixel[1], pixel[2]));
+            else
+                colours.append(reinterpret_cast<const char *>(pixel), 3);
             opacity += char(pixel[3]);
         }
     }
-    QPDFObjectHandle drawn = image(document, read, "/DeviceRGB", colours);
+    QPDFObjectHandle drawn = image(document, read, grey ? "/DeviceGray" : "/DeviceRGB", colours);
     drawn.getDict().replaceKey("/SMask", image(document, read, "/DeviceGray", opacity));
     return drawn;
 }
@@ -66,8 +73,9 @@ std::string drawing(const FontFile &file, hb_codepoint_t glyph)
 
 } // namespace
 
-QPDFObjectHandle pictureFont(QPDF &document, const DocumentFonts::Font &font, Pictures &pictures)
+QPDFObjectHandle pictureFont(const DocumentFonts::Font &font, Pictures &pictures)
 {
+    QPDF &document = pictures.document;
     QPDFObjectHandle resources = QPDFObjectHandle::newDictionary();
     QPDFObjectHandle procedures = QPDFObjectHandle::newDictionary();
     QPDFObjectHandle differences = QPDFObjectHandle::newArray();
@@ -75,9 +83,9 @@ QPDFObjectHandle pictureFont(QPDF &document, const DocumentFonts::Font &font, Pi
     differences.appendItem(QPDFObjectHandle::newInteger(0));
     for (std::size_t code = 0; code < font.codes.size(); ++code) {
         const hb_codepoint_t glyph = font.codes.at(std::uint16_t(code)).glyph;
-        QPDFObjectHandle &drawn = pictures[{font.file, glyph}];
+        QPDFObjectHandle &drawn = pictures.embedded[{font.file, glyph}];
         if (!drawn.isInitialized())
-            drawn = picture(document, *font.file, glyph);
+            drawn = picture(document, pictures.grey, read(*font.file, glyph));
         const std::string name = "/g" + std::to_string(code);
         const double advance = font.file->advance(glyph) / textSize;
         if (!drawn.isNull())

@@ -6,8 +6,12 @@
 
 #include <map>
 
-/// The pictures of a document's fonts, so that no picture is embedded twice.
-using Pictures = std::map<std::pair<const FontFile *, hb_codepoint_t>, QPDFObjectHandle>;
+/// The pictures that a document's fonts share, so that none is embedded twice.
+struct Pictures {
+    QPDF &document;
+    bool grey = false;
+    std::map<std::pair<const FontFile *, hb_codepoint_t>, QPDFObjectHandle> embedded;
+};
 
 /// Embeds a font whose glyphs are pictures: to a reader of the document they are text like any other.
-QPDFObjectHandle pictureFont(QPDF &document, const DocumentFonts::Font &font, Pictures &pictures);
+QPDFObjectHandle pictureFont(const DocumentFonts::Font &font, Pictures &pictures);

@@ -113,7 +113,7 @@ void write(std::u16string_view text, const PdfSettings &settings, const PdfOutpu
     document.emptyPDF();
     QPDFObjectHandle tree = document.getRoot().getKey("/Pages");
     QPDFObjectHandle resources = QPDFObjectHandle::newDictionary();
-    resources.replaceKey("/Font", fontResources(document, codes));
+    resources.replaceKey("/Font", fontResources(document, codes, settings.grey));
     tree.replaceKey("/Resources", document.makeIndirectObject(resources));
     tree.replaceKey("/MediaBox",
                     QPDFObjectHandle::newArray(
@@ -121,6 +121,8 @@ void write(std::u16string_view text, const PdfSettings &settings, const PdfOutpu
     std::vector<QPDFObjectHandle> streams;
     for (std::string &stream : compressed)
         streams.push_back(deflatedStream(document, std::exchange(stream, {})));
+    if (settings.lastFirst)
+        std::reverse(streams.begin(), streams.end());
     addPages(document, streams, settings, tree);
     describe(document, settings);
 

@@ -15,7 +15,9 @@ struct PdfSettings {
     std::function<bool(int page)> wants; // by its number from 1; empty: all pages
     int lastPage = 0;                    // none is wanted behind it; 0: no such limit
     int copies = 1;
-    bool collated = true; // one copy after the other, not one page after the other
+    bool collated = true;   // one copy after the other, not one page after the other
+    bool lastFirst = false; // the last page comes first
+    bool grey = false;      // pictures without their colours
 };
 
 /// Shared with the thread that watches.

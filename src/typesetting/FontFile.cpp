@@ -81,7 +81,8 @@ FontFile::~FontFile() = default;
 void FontFile::openCharacterKeys(const std::string &path, unsigned index)
 {
     auto keys = std::make_unique<CharacterKeys>(path, index);
-    if (keys->face && FT_IS_CID_KEYED(keys->face))
+    FT_Bool keyed = false;
+    if (keys->face && FT_Get_CID_Is_Internally_CID_Keyed(keys->face, &keyed) == 0 && keyed)
         m_characterKeys = std::move(keys);
 }
 
