@@ -231,6 +231,24 @@ class Journey(unittest.TestCase):
         self.press("push button", "起動")
         self.assertEqual(self.printed(), "Microsoft Edge が見つかりませんでした\n".encode())
 
+    def test_a_browser_that_starts_may_come_to_the_front(self):
+        entry = os.path.join(os.environ["XDG_DATA_HOME"], "applications", "web.desktop")
+        told = os.path.join(WORK, "told")
+        os.makedirs(os.path.dirname(entry), exist_ok=True)
+        with open(entry, "w", encoding="utf-8") as file:
+            file.write("[Desktop Entry]\nType=Application\nName=Web\nCategories=WebBrowser;\n"
+                       "StartupNotify=true\nExec=sh -c 'echo $DESKTOP_STARTUP_ID >>\"$0\"' " + told + "\n")
+        self.addCleanup(os.remove, entry)
+        self.tearDown()
+        self.setUp()
+
+        def started():  # which takes until the browser has been found
+            self.press("push button", "起動")
+            return os.path.exists(told) and os.path.getsize(told)
+        wait_for(started)
+        with open(told, encoding="utf-8") as file:
+            self.assertRegex(file.readline(), r"-web-\d+_TIME[1-9]\d*\n$")
+
     def test_it_quits_within_a_second_under_an_open_dialog(self):
         keys("ctrl+n")
         second = window("Tarumine 2")
