@@ -236,7 +236,7 @@ class Journey(unittest.TestCase):
         told = os.path.join(WORK, "told")
         os.makedirs(os.path.dirname(entry), exist_ok=True)
         with open(entry, "w", encoding="utf-8") as file:
-            file.write("[Desktop Entry]\nType=Application\nName=Web\nCategories=WebBrowser;\n"
+            file.write("[Desktop Entry]\nType=Application\nName=AA Web\nCategories=WebBrowser;\n"
                        "StartupNotify=true\nExec=sh -c 'echo $DESKTOP_STARTUP_ID >>\"$0\"' " + told + "\n")
         self.addCleanup(os.remove, entry)
         self.tearDown()
