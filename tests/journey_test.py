@@ -166,6 +166,26 @@ class Journey(unittest.TestCase):
                     and n.getState().contains(pyatspi.STATE_SHOWING)]
         return wait_for(there)[-1]
 
+    def test_the_text_becomes_a_pdf_unless_the_dialog_is_cancelled(self):
+        downloads = os.path.join(WORK, "Downloads")
+        pdf = os.path.join(downloads, "名称未設定.pdf")
+        self.press("push button", "簡易PDF")  # there is no such folder yet
+        os.makedirs(downloads)
+        keys("a", "b", "c")  # into the text
+        self.press("push button", "簡易PDF")
+        window("印刷")
+        keys("Escape")
+        wait_for(lambda: not run("xdotool", "search", "--onlyvisible", "--name", "^.*$").count("印刷"))
+        self.assertEqual(os.listdir(downloads), [])
+        self.press("push button", "簡易PDF")
+        window("印刷")
+        keys("Return")
+        wait_for(lambda: os.path.exists(pdf))
+        self.assertEqual(os.listdir(downloads), ["名称未設定.pdf"])
+        text = run("pdftotext", "-raw", pdf, "-")
+        self.assertTrue(text.startswith("abcアプリ起動後に"), text)
+        self.assertIn("595 x 842", run("pdfinfo", pdf))
+
     def test_an_event_is_kept_confirmed_and_begins_a_journey(self):
         self.shown("船🛥")
         self.press("push button", "🐱Cat")
