@@ -78,6 +78,7 @@ class Journey(unittest.TestCase):
             for node in nodes(self.app):
                 if node.getRoleName() == role and node.name == name:
                     return node
+            self.app.clear_cache()  # which may have been filled while the window was being made
             return None
         return wait_for(accessible)
 
@@ -264,6 +265,7 @@ class Journey(unittest.TestCase):
 
         def started():  # which takes until the browser has been found
             self.press("push button", "起動")
+            time.sleep(0.3)  # a press that follows at once would take its place
             return os.path.exists(told) and os.path.getsize(told)
         wait_for(started)
         with open(told, encoding="utf-8") as file:
