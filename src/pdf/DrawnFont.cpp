@@ -1,4 +1,4 @@
-#include "pdf/PictureFont.h"
+#include "pdf/DrawnFont.h"
 
 #include "pdf/PdfStream.h"
 
@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr int letterM = DocumentFonts::picturesPerFont;
+constexpr int letterM = DocumentFonts::drawnPerFont;
 
 QPDFObjectHandle image(QPDF &document, const QImage &picture, const char *colours, const std::string &bytes)
 {
@@ -61,7 +61,8 @@ std::string number(double value)
     return QPDFObjectHandle::newReal(value, 3).unparse();
 }
 
-std::string drawing(const FontFile &file, hb_codepoint_t glyph)
+// A glyph of this font that is shown as one of the document's images.
+std::string imageDrawing(const FontFile &file, hb_codepoint_t glyph)
 {
     hb_glyph_extents_t box{};
     hb_font_get_glyph_extents(file.font(), glyph, &box);
@@ -71,28 +72,39 @@ std::string drawing(const FontFile &file, hb_codepoint_t glyph)
         + std::to_string(glyph) + " Do Q";
 }
 
+std::string boxDrawing(double advance)
+{
+    return number(advance) + " 0 d0 30 w " + number(advance * 0.1) + " 0 " + number(advance * 0.8)
+        + " 700 re S";
+}
+
 } // namespace
 
-QPDFObjectHandle pictureFont(const DocumentFonts::Font &font, Pictures &pictures)
+QPDFObjectHandle drawnFont(const DocumentFonts::Font &font, Pictures &pictures)
 {
     QPDF &document = pictures.document;
-    QPDFObjectHandle resources = QPDFObjectHandle::newDictionary();
+    QPDFObjectHandle images = QPDFObjectHandle::newDictionary();
     QPDFObjectHandle procedures = QPDFObjectHandle::newDictionary();
     QPDFObjectHandle differences = QPDFObjectHandle::newArray();
     QPDFObjectHandle widths = QPDFObjectHandle::newArray();
     differences.appendItem(QPDFObjectHandle::newInteger(0));
     for (std::size_t code = 0; code < font.codes.size(); ++code) {
         const hb_codepoint_t glyph = font.codes.at(std::uint16_t(code)).glyph;
-        QPDFObjectHandle &drawn = pictures.embedded[{font.file, glyph}];
-        if (!drawn.isInitialized())
-            drawn = picture(document, pictures.grey, read(*font.file, glyph));
+        const double advance = glyph == DocumentFonts::nothing ? 0 : font.file->advance(glyph) / textSize;
+        std::string drawing = number(advance) + " 0 d0";
+        if (font.file->glyphs() == FontFile::Glyphs::Pictures) {
+            QPDFObjectHandle &image = pictures.embedded[{font.file, glyph}];
+            if (!image.isInitialized())
+                image = picture(document, pictures.grey, read(*font.file, glyph));
+            if (!image.isNull()) {
+                images.replaceKey("/P" + std::to_string(glyph), image);
+                drawing = imageDrawing(*font.file, glyph);
+            }
+        } else if (glyph == DocumentFonts::missing) {
+            drawing = boxDrawing(advance);
+        }
         const std::string name = "/g" + std::to_string(code);
-        const double advance = font.file->advance(glyph) / textSize;
-        if (!drawn.isNull())
-            resources.replaceKey("/P" + std::to_string(glyph), drawn);
-        procedures.replaceKey(
-            name,
-            pdfStream(document, drawn.isNull() ? number(advance) + " 0 d0" : drawing(*font.file, glyph)));
+        procedures.replaceKey(name, pdfStream(document, drawing));
         differences.appendItem(QPDFObjectHandle::newName(name));
         widths.appendItem(QPDFObjectHandle::newReal(advance, 3));
     }
@@ -104,6 +116,7 @@ QPDFObjectHandle pictureFont(const DocumentFonts::Font &font, Pictures &pictures
     while (widths.getArrayNItems() < letterM)
         widths.appendItem(QPDFObjectHandle::newInteger(0));
     widths.appendItem(QPDFObjectHandle::newInteger(600));
+
     QPDFObjectHandle made = QPDFObjectHandle::parse("<</Type /Font /Subtype /Type3 /FontBBox [0 -300 1300 "
                                                     "1000] /FontMatrix [0.001 0 0 0.001 0 0] /FirstChar 0 "
                                                     "/Encoding <</Type /Encoding>> /Resources <<>> >>");
@@ -111,6 +124,6 @@ QPDFObjectHandle pictureFont(const DocumentFonts::Font &font, Pictures &pictures
     made.replaceKey("/Widths", widths);
     made.replaceKey("/CharProcs", procedures);
     made.getKey("/Encoding").replaceKey("/Differences", differences);
-    made.getKey("/Resources").replaceKey("/XObject", resources);
+    made.getKey("/Resources").replaceKey("/XObject", images);
     return document.makeIndirectObject(made);
 }
