@@ -166,6 +166,26 @@ class Journey(unittest.TestCase):
                     and n.getState().contains(pyatspi.STATE_SHOWING)]
         return wait_for(there)[-1]
 
+    def test_the_text_becomes_a_pdf_unless_the_dialog_is_cancelled(self):
+        downloads = os.path.join(WORK, "Downloads")
+        pdf = os.path.join(downloads, "名称未設定.pdf")
+        self.press("push button", "簡易PDF")  # there is no such folder yet
+        os.makedirs(downloads)
+        keys("a", "b", "c")  # into the text
+        self.press("push button", "簡易PDF")
+        window("印刷")
+        keys("Escape")
+        wait_for(lambda: not run("xdotool", "search", "--onlyvisible", "--name", "^.*$").count("印刷"))
+        self.assertEqual(os.listdir(downloads), [])
+        self.press("push button", "簡易PDF")
+        window("印刷")
+        keys("Return")
+        wait_for(lambda: os.path.exists(pdf))
+        self.assertEqual(os.listdir(downloads), ["名称未設定.pdf"])
+        text = run("pdftotext", "-raw", pdf, "-")
+        self.assertTrue(text.startswith("abcアプリ起動後に"), text)
+        self.assertIn("595 x 842", run("pdfinfo", pdf))
+
     def test_an_event_is_kept_confirmed_and_begins_a_journey(self):
         self.shown("船🛥")
         self.press("push button", "🐱Cat")
@@ -236,12 +256,12 @@ class Journey(unittest.TestCase):
         told = os.path.join(WORK, "told")
         os.makedirs(os.path.dirname(entry), exist_ok=True)
         with open(entry, "w", encoding="utf-8") as file:
-            file.write("[Desktop Entry]\nType=Application\nName=Web\nCategories=WebBrowser;\n"
+            file.write("[Desktop Entry]\nType=Application\nName=AA Web\nCategories=WebBrowser;\n"
                        "StartupNotify=true\nExec=sh -c 'echo $DESKTOP_STARTUP_ID >>\"$0\"' " + told + "\n")
         self.addCleanup(os.remove, entry)
         self.tearDown()
         self.setUp()
-        self.find("list item", "Web")
+        self.find("list item", "AA Web")
         self.press("push button", "起動")
         wait_for(lambda: os.path.exists(told) and os.path.getsize(told))
         with open(told, encoding="utf-8") as file:

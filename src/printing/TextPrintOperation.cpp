@@ -3,6 +3,7 @@
 #include "platform/Background.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QFileInfo>
 #include <QFontInfo>
 #include <QMessageBox>
@@ -13,6 +14,13 @@
 using namespace std::chrono_literals;
 
 namespace {
+
+// The toolkit's dialog begins with the default printer, if there is one; the last of its list is the file.
+void chooseFile(QPrintDialog &panel)
+{
+    if (auto *printers = panel.findChild<QComboBox *>(QStringLiteral("printers")))
+        printers->setCurrentIndex(printers->count() - 1);
+}
 
 constexpr qint64 worthShowing = 500; // milliseconds
 
@@ -68,6 +76,8 @@ void TextPrintOperation::showPanel()
             end(false);
     });
     panel->open();
+    if (m_info.jobDisposition == PrintInfo::JobDisposition::Save)
+        chooseFile(*panel);
 }
 
 void TextPrintOperation::start()
