@@ -223,7 +223,6 @@ private slots:
         QTest::addColumn<std::string>("content");
         QTest::addColumn<bool>("isListed");
         QTest::newRow("by category") << entry("Categories=Network;WebBrowser;") << true;
-        QTest::newRow("by category, without the last semicolon") << entry("Categories=WebBrowser") << true;
         QTest::newRow("by what they open") << entry("MimeType=x-scheme-handler/https;") << true;
         QTest::newRow("a long entry")
             << entry(std::string(65'520, '#') + "\nCategories=WebBrowser;") << true;
@@ -236,10 +235,6 @@ private slots:
             << entry("Categories=WebBrowser;\nOnlyShowIn=None;") << false;
         QTest::newRow("nor one whose program is missing")
             << entry("Categories=WebBrowser;\nTryExec=/nowhere/browser") << false;
-        QTest::newRow("nor a link") << std::string(
-            "[Desktop Entry]\nType=Link\nName=Web\nURL=https://a.example\n"
-            "Categories=WebBrowser;\n")
-                                    << false;
         QTest::newRow("nor a nameless one")
             << std::string("[Desktop Entry]\nType=Application\nExec=true\nCategories=WebBrowser;\n")
             << false;

@@ -262,12 +262,9 @@ class Journey(unittest.TestCase):
         self.addCleanup(os.remove, entry)
         self.tearDown()
         self.setUp()
-
-        def started():  # which takes until the browser has been found
-            self.press("push button", "起動")
-            time.sleep(0.3)  # a press that follows at once would take its place
-            return os.path.exists(told) and os.path.getsize(told)
-        wait_for(started)
+        self.find("list item", "AA Web")
+        self.press("push button", "起動")
+        wait_for(lambda: os.path.exists(told) and os.path.getsize(told))
         with open(told, encoding="utf-8") as file:
             self.assertRegex(file.readline(), r"-web-\d+_TIME[1-9]\d*\n$")
 
