@@ -1,5 +1,6 @@
 #include "pdf/DrawnFont.h"
 
+#include "pdf/PdfImage.h"
 #include "pdf/PdfStream.h"
 
 #include <QImage>
@@ -12,48 +13,12 @@ namespace {
 
 constexpr int letterM = DocumentFonts::drawnPerFont;
 
-QPDFObjectHandle image(QPDF &document, const QImage &picture, const char *colours, const std::string &bytes)
-{
-    QPDFObjectHandle stream = pdfStream(document, bytes);
-    QPDFObjectHandle dictionary = stream.getDict();
-    dictionary.replaceKey("/Type", QPDFObjectHandle::newName("/XObject"));
-    dictionary.replaceKey("/Subtype", QPDFObjectHandle::newName("/Image"));
-    dictionary.replaceKey("/ColorSpace", QPDFObjectHandle::newName(colours));
-    dictionary.replaceKey("/BitsPerComponent", QPDFObjectHandle::newInteger(8));
-    dictionary.replaceKey("/Width", QPDFObjectHandle::newInteger(picture.width()));
-    dictionary.replaceKey("/Height", QPDFObjectHandle::newInteger(picture.height()));
-    return stream;
-}
-
 QImage read(const FontFile &file, hb_codepoint_t glyph)
 {
     const HarfBuzz<hb_blob_t> blob(hb_ot_color_glyph_reference_png(file.font(), glyph));
     unsigned length = 0;
     const char *data = hb_blob_get_data(blob.get(), &length);
-    return QImage::fromData(reinterpret_cast<const uchar *>(data), int(length), "PNG")
-        .convertToFormat(QImage::Format_RGBA8888);
-}
-
-// Null when the glyph has no picture.
-QPDFObjectHandle picture(QPDF &document, bool grey, const QImage &read)
-{
-    if (read.isNull())
-        return QPDFObjectHandle::newNull();
-    std::string colours;
-    std::string opacity;
-    for (int y = 0; y < read.height(); ++y) {
-        const uchar *pixel = read.constScanLine(y);
-        for (int x = 0; x < read.width(); ++x, pixel += 4) {
-            if (grey)
-                colours += char(qGray(pixel[0], pixel[1], pixel[2]));
-            else
-                colours.append(reinterpret_cast<const char *>(pixel), 3);
-            opacity += char(pixel[3]);
-        }
-    }
-    QPDFObjectHandle drawn = image(document, read, grey ? "/DeviceGray" : "/DeviceRGB", colours);
-    drawn.getDict().replaceKey("/SMask", image(document, read, "/DeviceGray", opacity));
-    return drawn;
+    return QImage::fromData(reinterpret_cast<const uchar *>(data), int(length), "PNG");
 }
 
 std::string number(double value)
@@ -95,7 +60,7 @@ QPDFObjectHandle drawnFont(const DocumentFonts::Font &font, Pictures &pictures)
         if (font.file->glyphs() == FontFile::Glyphs::Pictures) {
             QPDFObjectHandle &image = pictures.embedded[{font.file, glyph}];
             if (!image.isInitialized())
-                image = picture(document, pictures.grey, read(*font.file, glyph));
+                image = pdfImage(document, read(*font.file, glyph), pictures.grey);
             if (!image.isNull()) {
                 images.replaceKey("/P" + std::to_string(glyph), image);
                 drawing = imageDrawing(*font.file, glyph);
