@@ -100,6 +100,9 @@ const Character &CharacterTable::lookedAt(char32_t c)
     UErrorCode error = U_ZERO_ERROR;
     character.script = uscript_getScript(UChar32(c), &error);
     character.kind = kindOf(c, character.script);
+    const bool seen = character.kind == CharacterKind::Solid || character.kind == CharacterKind::Letter;
+    if (seen && u_hasBinaryProperty(UChar32(c), UCHAR_EMOJI) && !m_fonts.first()->covers(c))
+        character.kind = CharacterKind::Picture; // rather than from any font that has it in black
     switch (character.kind) {
     case CharacterKind::Invisible:
         character.font = m_fonts.first();

@@ -13,6 +13,7 @@ constexpr std::size_t longestUnit = 256; // no heap of marks is longer
 constexpr std::size_t wordsToKeep = 50'000;
 constexpr std::size_t contextLength = 16; // what a font may want to see on either side
 constexpr char32_t asPicture = 0xfe0f;
+constexpr char32_t asText = 0xfe0e;
 constexpr char32_t zeroWidthJoiner = 0x200d;
 
 struct Next {
@@ -102,7 +103,9 @@ std::size_t Shaper::shapeNext(std::u16string_view text, std::size_t from, std::s
     const std::u16string_view rest = text.substr(from, limit - from);
     const bool pictured = character.kind == Picture
         || (next.character == asPicture && u_hasBinaryProperty(UChar32(c), UCHAR_EMOJI));
-    const Unit unit = pictured ? pictureUnit(rest) : letterUnit(rest);
+    Unit unit = pictured ? pictureUnit(rest) : letterUnit(rest);
+    if (next.character == asText)
+        unit.font = m_fonts.fontFor(c);
     const std::size_t firstCell = to.cells.size();
     shape(text, from, unit, level, to);
     if (character.kind == Blank && unit.length == length)
