@@ -4,6 +4,7 @@
 
 #include <QPlainTextEdit>
 
+class PiecedDocument;
 class ReadingText;
 
 /// The pane in which the text is read and edited, in the system's font at `fontSize` points.
@@ -19,7 +20,13 @@ public:
     QSize minimumSizeHint() const override { return sizeHint(); }
 
 protected:
+    QMimeData *createMimeDataFromSelection() const override;
     bool canInsertFromMimeData(const QMimeData *source) const override;
     void insertFromMimeData(const QMimeData *source) override;
     void keyPressEvent(QKeyEvent *event) override;
+
+private:
+    void stepAcrossSeam(const QKeyEvent &event);
+
+    PiecedDocument &m_document;
 };
