@@ -2,6 +2,7 @@
 #include "reading/ReadingText.h"
 #include "reading/TextPane.h"
 
+#include <QAccessible>
 #include <QMimeData>
 #include <QSignalSpy>
 #include <QTest>
@@ -115,6 +116,13 @@ private slots:
                 QCOMPARE(m_text.value(), line);
             }
         }
+        QAccessibleTextInterface *heard = QAccessible::queryAccessibleInterface(&pane)->textInterface();
+        QCOMPARE(heard->text(0, heard->characterCount()), line);
+        heard->setCursorPosition(2000);
+        QCOMPARE(heard->cursorPosition(), 2000);
+        QTest::keyClick(&pane, Qt::Key_X);
+        QCOMPARE(m_text.value(), line.left(2000) + u'x' + line.mid(2000));
+        pane.undo();
         pane.selectAll();
         const std::unique_ptr<QMimeData> copied(pane.createMimeDataFromSelection());
         QCOMPARE(copied->text(), line);

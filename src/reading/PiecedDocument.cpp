@@ -4,6 +4,8 @@
 #include <QTextBlock>
 #include <QTextCursor>
 
+#include <algorithm>
+
 using End = TextPieces::End;
 
 namespace {
@@ -58,6 +60,11 @@ void PiecedDocument::append(const TextPieces::Piece &piece)
     put(end, piece);
 }
 
+void PiecedDocument::showSize()
+{
+    emit documentLayout()->documentSizeChanged(documentLayout()->documentSize());
+}
+
 void PiecedDocument::put(QTextCursor &cursor, const TextPieces::Piece &piece)
 {
     cursor.insertText(m_shape.sharing ? sharingABlock(piece.text) : piece.text.toString(),
@@ -108,6 +115,28 @@ int PiecedDocument::acrossSeamForward(int position) const
     const QTextBlock next = findBlock(position).next();
     return next.isValid() && position + 1 == next.position() && isSeamBefore(next) ? position + 1
                                                                                    : position;
+}
+
+int PiecedDocument::offsetOf(int position) const
+{
+    int seams = 0;
+    if (m_hasSeams) {
+        for (QTextBlock block = begin().next(); block.isValid() && block.position() <= position;
+             block = block.next())
+            seams += isSeamBefore(block) ? 1 : 0;
+    }
+    return position - seams;
+}
+
+int PiecedDocument::positionOf(int offset) const
+{
+    int position = offset;
+    if (m_hasSeams) {
+        for (QTextBlock block = begin().next(); block.isValid() && block.position() <= position;
+             block = block.next())
+            position += isSeamBefore(block) ? 1 : 0;
+    }
+    return std::clamp(position, 0, characterCount() - 1);
 }
 
 QString PiecedDocument::text(int from, int to) const

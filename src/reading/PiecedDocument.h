@@ -17,6 +17,8 @@ public:
     /// Empties the document and says how the text is shaped that will be appended.
     void startOver(const TextPieces::Shape &shape);
     void append(const TextPieces::Piece &piece);
+    /// Lets the views know how long the document has become.
+    void showSize();
 
     /// Replaces what is selected; ends in one step of undoing.
     void insert(QTextCursor cursor, const QString &text);
@@ -31,6 +33,10 @@ public:
     /// The place across a seam when the position is at one side of it, else the position.
     int acrossSeamBackward(int position) const;
     int acrossSeamForward(int position) const;
+
+    /// How many characters of the text stand before a position, and the position behind so many.
+    int offsetOf(int position) const;
+    int positionOf(int offset) const;
 
 private:
     void put(QTextCursor &cursor, const TextPieces::Piece &piece);

@@ -1,6 +1,8 @@
 #include "reading/ReadingText.h"
 
+#include <QAbstractTextDocumentLayout>
 #include <QElapsedTimer>
+#include <QSignalBlocker>
 #include <QTextCursor>
 #include <QThreadPool>
 
@@ -9,6 +11,8 @@
 namespace {
 
 constexpr qint64 sliceTime = 6; // milliseconds, so that with what follows from it a frame isn't missed
+
+constexpr int slicesSeen = 16; // of so many one is followed by the scroll bar
 
 // Giving back some hundred megabytes takes a while.
 void letGo(QString &&text)
@@ -54,6 +58,7 @@ void ReadingText::setValue(const QString &text, const TextPieces::Shape &shape)
     m_pieces = TextPieces(m_entering, shape);
     if (shape.keepsWhole)
         m_verbatim = text;
+    m_slices = 0;
     enterSlice();
     emit assigned();
 }
@@ -69,6 +74,8 @@ void ReadingText::enterSlice()
     QElapsedTimer time;
     time.start();
     m_isEntering = true;
+    // Off the screen nobody looks, but a scroll bar that moved would have to lay out the last lines.
+    const QSignalBlocker unseen(++m_slices % slicesSeen == 1 ? nullptr : m_document.documentLayout());
     QTextCursor edit(&m_document);
     edit.beginEditBlock();
     do {
@@ -88,5 +95,6 @@ void ReadingText::end()
     m_pieces = {};
     letGo(std::exchange(m_entering, {}));
     m_document.setUndoRedoEnabled(true);
+    m_document.showSize();
     emit complete();
 }

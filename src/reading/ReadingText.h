@@ -52,5 +52,6 @@ private:
     QString m_entering;
     TextPieces m_pieces;
     QTimer m_nextSlice;
+    int m_slices = 0;
     bool m_isEntering = false;
 };

@@ -1,7 +1,9 @@
 #include "reading/TextPane.h"
 
+#include "reading/PaneAccessible.h"
 #include "reading/ReadingText.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMimeData>
@@ -23,6 +25,10 @@ bool isAnyOf(const QKeyEvent &event, std::initializer_list<QKeySequence::Standar
 TextPane::TextPane(ReadingText &text, const State<double> &fontSize)
     : m_document(*text.document())
 {
+    [[maybe_unused]] static const bool known = [] {
+        QAccessible::installFactory(paneAccessible);
+        return true;
+    }();
     setAccessibleName(tr("テキスト"));
     setTabChangesFocus(true);
     setDocument(text.document());

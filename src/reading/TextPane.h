@@ -15,6 +15,8 @@ class TextPane : public QPlainTextEdit {
 public:
     TextPane(ReadingText &text, const State<double> &fontSize);
 
+    PiecedDocument &piecedDocument() const { return m_document; }
+
     // Small, so that the pane asks for no room of its own: it gets what the others leave.
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }

@@ -14,14 +14,29 @@ constexpr qsizetype largeText = 16 << 20;
 constexpr qsizetype leastShared = 200;
 
 // A document ends a paragraph at each of these, and gives all of them back as one and the same.
-bool losesItself(QChar c)
-{
-    return c == u'\r' || c == QChar::ParagraphSeparator || c.unicode() == 0xfdd0 || c.unicode() == 0xfdd1;
-}
+constexpr char16_t losing[] = {u'\r', QChar::ParagraphSeparator, u'\ufdd0', u'\ufdd1'};
 
 bool isLineEnd(QChar c)
 {
-    return c == u'\n' || losesItself(c);
+    return c == u'\n' || std::find(std::begin(losing), std::end(losing), c) != std::end(losing);
+}
+
+// One after the other: the toolkit looks for a single character much faster than for any of several.
+bool holdsWhatLosesItself(QStringView text)
+{
+    return std::any_of(std::begin(losing), std::end(losing),
+                       [text](char16_t c) { return text.contains(QChar(c)); });
+}
+
+bool hasManyLines(QStringView text)
+{
+    qsizetype lines = 0;
+    for (const char16_t end : {u'\n', u'\r'}) {
+        for (qsizetype at = text.indexOf(end); at >= 0 && lines <= manyLines;
+             at = text.indexOf(end, at + 1))
+            ++lines;
+    }
+    return lines > manyLines;
 }
 
 } // namespace
@@ -29,9 +44,8 @@ bool isLineEnd(QChar c)
 TextPieces::Shape TextPieces::shapeOf(QStringView text)
 {
     Shape shape;
-    const auto lines = std::count_if(text.begin(), text.end(), isLineEnd);
-    shape.losesItself = std::any_of(text.begin(), text.end(), losesItself);
-    shape.sharing = lines > manyLines;
+    shape.losesItself = holdsWhatLosesItself(text);
+    shape.sharing = hasManyLines(text);
     const qsizetype least = text.size() / mostBlocks;
     if (shape.sharing)
         shape.block = std::max(leastShared, least);
