@@ -1,14 +1,17 @@
 #pragma once
 
+#include "reading/PiecedDocument.h"
+
 #include <QObject>
 #include <QString>
-#include <QTextDocument>
+#include <QTimer>
 
 #include <optional>
 
 /// The text of a reading pane. It may be large, so the document that the pane edits is where it is
 /// kept: a key press changes the document and nothing else, and the whole string is made only when
-/// somebody asks for it.
+/// somebody asks for it. A document takes its time to fill, so a large text enters it in slices; it is
+/// the text from the first moment on.
 class ReadingText : public QObject {
     Q_OBJECT
 
@@ -19,22 +22,36 @@ public:
     QString value() const;
     operator QString() const { return value(); }
 
-    /// Replaces the text; the user can't undo that.
+    /// Replaces the text; the user can't undo that, nor what is edited before all of it is there.
     void setValue(const QString &text);
     ReadingText &operator=(const QString &text);
+
+    /// The same for a large text, whose shape has been found out elsewhere.
+    void setValue(const QString &text, const TextPieces::Shape &shape);
 
     /// Counts the assignments, so that slow work can tell whether its result still is the latest.
     int assignments() const { return m_assignments; }
 
-    QTextDocument *document() { return &m_document; }
+    PiecedDocument *document() { return &m_document; }
 
 signals:
     void assigned();
+    /// All of the text is in the document.
+    void complete();
 
 private:
-    QTextDocument m_document;
+    void enterSlice();
+    void end();
+
+    PiecedDocument m_document;
     int m_assignments = 0;
     // What was assigned, kept where the document has no place for it (CR line ends, say), until the
     // user edits it.
     std::optional<QString> m_verbatim;
+    // What is still to enter the document is the end of this.
+    QString m_entering;
+    TextPieces m_pieces;
+    QTimer m_nextSlice;
+    int m_slices = 0;
+    bool m_isEntering = false;
 };

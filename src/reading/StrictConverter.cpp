@@ -38,7 +38,7 @@ StrictConverter::Beginning convert(QByteArrayView bytes, const char *encoding, b
         char16_t *to = begin + used;
         UErrorCode error = U_ZERO_ERROR;
         ucnv_toUnicode(converter.get(), &to, begin + text.size(), &from, bytes.data() + bytes.size(),
-                       nullptr, whole, &error);
+                       nullptr, UBool(whole ? 1 : 0), &error);
         used = to - begin;
         if (error != U_BUFFER_OVERFLOW_ERROR) {
             text.resize(used);

@@ -58,28 +58,36 @@ std::optional<QString> decodedByGuess(QByteArrayView bytes)
     return std::nullopt;
 }
 
-std::optional<QString> decodedUtf8(QByteArrayView bytes)
+// One pass where a check and a conversion would take two: what isn't valid leaves a replacement
+// character, of which a text has none of its own as a rule.
+std::optional<QString> validUtf8(QByteArrayView bytes)
+{
+    QString text = QString::fromUtf8(bytes); // leaves the byte order mark out
+    if (text.contains(QChar::ReplacementCharacter)
+        && !QUtf8StringView(bytes.data(), bytes.size()).isValidUtf8())
+        return std::nullopt;
+    return text;
+}
+
+// An encoding whose texts are ASCII, byte by byte.
+std::optional<QString> decodedBeforeUtf8(QByteArrayView bytes)
 {
     if (bytes.contains('\x1b') && isIso2022Jp(bytes)) {
         if (auto text = StrictConverter::decoded(bytes, "ISO-2022-JP"))
             return text;
     }
     // What are zeros here may be halves of characters there.
-    if (bytes.contains('\0')) {
-        if (auto text = decodedByGuess(bytes))
-            return text;
-    }
-    if (isBinary(bytes))
-        return std::nullopt;
-    return QString::fromUtf8(bytes); // leaves the byte order mark out
+    return bytes.contains('\0') ? decodedByGuess(bytes) : std::nullopt;
 }
 
 std::optional<QString> decoded(QByteArrayView bytes)
 {
     if (const Mark *mark = markOf(bytes))
         return StrictConverter::decoded(bytes.sliced(mark->bytes.size()), mark->encoding);
-    if (QUtf8StringView(bytes.data(), bytes.size()).isValidUtf8())
-        return decodedUtf8(bytes);
+    if (auto text = decodedBeforeUtf8(bytes))
+        return text;
+    if (auto text = validUtf8(bytes))
+        return isBinary(bytes) ? std::nullopt : std::move(text);
     if (bytes.startsWith("\xef\xbb\xbf"))
         return std::nullopt;
     return decodedByGuess(bytes);

@@ -11,12 +11,24 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qint64 largestFile = qint64(2) << 30; // bytes
+// In bytes. At its largest a text takes four times as much memory on its way into the pane.
+constexpr qint64 largestFile = qint64(1) << 29;
 
-std::optional<QString> readText(const QString &path)
+struct ShapedText {
+    QString text;
+    TextPieces::Shape shape;
+};
+
+std::optional<ShapedText> readText(const QString &path)
 {
-    const auto bytes = readRegularFile(path, largestFile);
-    return bytes ? decodedText(*bytes) : std::nullopt;
+    auto bytes = readRegularFile(path, largestFile);
+    auto text = bytes ? decodedText(*bytes) : std::nullopt;
+    bytes.reset();
+    if (!text)
+        return std::nullopt;
+    text->squeeze();
+    const TextPieces::Shape shape = TextPieces::shapeOf(*text);
+    return ShapedText{*std::move(text), shape};
 }
 
 } // namespace
@@ -55,10 +67,10 @@ void TextLoading::load(const QString &path)
 {
     const int thisLoad = ++m_latestLoad;
     const int assignments = m_text.assignments();
-    const auto show = [this, thisLoad, assignments](const std::optional<QString> &read) {
+    const auto show = [this, thisLoad, assignments](const std::optional<ShapedText> &read) {
         if (!read || thisLoad != m_latestLoad || assignments != m_text.assignments())
             return;
-        m_text = *read;
+        m_text.setValue(read->text, read->shape);
         emit loaded();
     };
     inBackground(

@@ -1,14 +1,34 @@
 #include "reading/TextPane.h"
 
+#include "reading/PaneAccessible.h"
 #include "reading/ReadingText.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QScrollBar>
 
-TextPane::TextPane(ReadingText &text, const State<double> &fontSize)
+#include <algorithm>
+#include <initializer_list>
+
+namespace {
+
+bool isAnyOf(const QKeyEvent &event, std::initializer_list<QKeySequence::StandardKey> keys)
 {
+    return std::any_of(keys.begin(), keys.end(),
+                       [&event](QKeySequence::StandardKey key) { return event.matches(key); });
+}
+
+} // namespace
+
+TextPane::TextPane(ReadingText &text, const State<double> &fontSize)
+    : m_document(*text.document())
+{
+    [[maybe_unused]] static const bool known = [] {
+        QAccessible::installFactory(paneAccessible);
+        return true;
+    }();
     setAccessibleName(tr("テキスト"));
     setTabChangesFocus(true);
     setDocument(text.document());
@@ -40,14 +60,54 @@ void TextPane::insertFromMimeData(const QMimeData *source)
 {
     if (!canInsertFromMimeData(source))
         return;
-    textCursor().insertText(source->text());
+    m_document.insert(textCursor(), source->text());
     ensureCursorVisible();
+}
+
+QMimeData *TextPane::createMimeDataFromSelection() const
+{
+    auto *data = new QMimeData;
+    data->setText(m_document.text(textCursor().selectionStart(), textCursor().selectionEnd()));
+    return data;
+}
+
+// On either side of a seam the caret is at the same place in the text, so that a key goes on from the
+// other side.
+void TextPane::stepAcrossSeam(const QKeyEvent &event)
+{
+    const bool selecting = isAnyOf(event,
+                                   {QKeySequence::SelectPreviousChar, QKeySequence::SelectPreviousWord,
+                                    QKeySequence::SelectNextChar, QKeySequence::SelectNextWord});
+    QTextCursor cursor = textCursor();
+    if (cursor.hasSelection() && !selecting)
+        return;
+    int to = cursor.position();
+    if (isAnyOf(event,
+                {QKeySequence::MoveToPreviousChar, QKeySequence::MoveToPreviousWord,
+                 QKeySequence::SelectPreviousChar, QKeySequence::SelectPreviousWord,
+                 QKeySequence::DeleteStartOfWord, QKeySequence::Backspace})
+        || event.key() == Qt::Key_Backspace)
+        to = m_document.acrossSeamBackward(to);
+    else if (isAnyOf(event,
+                     {QKeySequence::MoveToNextChar, QKeySequence::MoveToNextWord,
+                      QKeySequence::SelectNextChar, QKeySequence::SelectNextWord,
+                      QKeySequence::DeleteEndOfWord, QKeySequence::Delete, QKeySequence::DeleteEndOfLine}))
+        to = m_document.acrossSeamForward(to);
+    if (to == cursor.position())
+        return;
+    cursor.setPosition(to, selecting ? QTextCursor::KeepAnchor : QTextCursor::MoveAnchor);
+    setTextCursor(cursor);
 }
 
 void TextPane::keyPressEvent(QKeyEvent *event)
 {
-    if (event->key() == Qt::Key_Tab && event->modifiers() == Qt::ControlModifier)
+    if (event->key() == Qt::Key_Tab && event->modifiers() == Qt::ControlModifier) {
         textCursor().insertText(QStringLiteral("\t"));
-    else
+    } else if (event->matches(QKeySequence::InsertParagraphSeparator)) {
+        m_document.insertLineEnd(textCursor());
+        ensureCursorVisible();
+    } else {
+        stepAcrossSeam(*event);
         QPlainTextEdit::keyPressEvent(event);
+    }
 }

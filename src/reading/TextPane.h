@@ -4,6 +4,7 @@
 
 #include <QPlainTextEdit>
 
+class PiecedDocument;
 class ReadingText;
 
 /// The pane in which the text is read and edited, in the system's font at `fontSize` points.
@@ -14,12 +15,20 @@ class TextPane : public QPlainTextEdit {
 public:
     TextPane(ReadingText &text, const State<double> &fontSize);
 
+    PiecedDocument &piecedDocument() const { return m_document; }
+
     // Small, so that the pane asks for no room of its own: it gets what the others leave.
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
 
 protected:
+    QMimeData *createMimeDataFromSelection() const override;
     bool canInsertFromMimeData(const QMimeData *source) const override;
     void insertFromMimeData(const QMimeData *source) override;
     void keyPressEvent(QKeyEvent *event) override;
+
+private:
+    void stepAcrossSeam(const QKeyEvent &event);
+
+    PiecedDocument &m_document;
 };

@@ -1,0 +1,175 @@
+#include "reading/PiecedDocument.h"
+
+#include <QPlainTextDocumentLayout>
+#include <QTextBlock>
+#include <QTextCursor>
+
+#include <algorithm>
+
+using End = TextPieces::End;
+
+namespace {
+
+// The format of the character between two blocks says what it stands for. It comes and goes with that
+// character, also when an edit is undone.
+constexpr int kindProperty = QTextFormat::UserProperty;
+
+QTextCharFormat separator(End end)
+{
+    QTextCharFormat format;
+    if (end != End::Line)
+        format.setProperty(kindProperty, int(end));
+    return format;
+}
+
+End kindBefore(const QTextBlock &block)
+{
+    const QVariant kind = block.charFormat().property(kindProperty);
+    return kind.isValid() ? End(kind.toInt()) : End::Line;
+}
+
+QString sharingABlock(QStringView lines)
+{
+    QString text = lines.toString();
+    text.replace(QLatin1String("\r\n"), QString(QChar::LineSeparator));
+    for (QChar &c : text) {
+        if (c == u'\n' || c == u'\r' || c == QChar::ParagraphSeparator || c == u'\ufdd0' || c == u'\ufdd1')
+            c = QChar::LineSeparator;
+    }
+    return text;
+}
+
+} // namespace
+
+PiecedDocument::PiecedDocument()
+{
+    setDocumentLayout(new QPlainTextDocumentLayout(this));
+}
+
+void PiecedDocument::startOver(const TextPieces::Shape &shape)
+{
+    clear();
+    m_shape = shape;
+    m_hasSeams = false;
+}
+
+void PiecedDocument::append(const TextPieces::Piece &piece)
+{
+    QTextCursor end(this);
+    end.movePosition(QTextCursor::End);
+    put(end, piece);
+}
+
+void PiecedDocument::showSize()
+{
+    emit documentLayout()->documentSizeChanged(documentLayout()->documentSize());
+}
+
+void PiecedDocument::put(QTextCursor &cursor, const TextPieces::Piece &piece)
+{
+    cursor.insertText(m_shape.sharing ? sharingABlock(piece.text) : piece.text.toString(),
+                      QTextCharFormat());
+    if (piece.end == End::Text)
+        return;
+    cursor.insertBlock(QTextBlockFormat(), separator(piece.end));
+    m_hasSeams = m_hasSeams || piece.end == End::Seam;
+}
+
+void PiecedDocument::insert(QTextCursor cursor, const QString &text)
+{
+    TextPieces::Shape shape = TextPieces::shapeOf(text);
+    shape.sharing = m_shape.sharing;
+    shape.block = m_shape.block;
+    cursor.beginEditBlock();
+    cursor.removeSelectedText();
+    for (TextPieces pieces(text, shape); !pieces.atEnd();)
+        put(cursor, pieces.next());
+    cursor.endEditBlock();
+}
+
+// At a seam it takes the seam's place, lest an empty block be left.
+void PiecedDocument::insertLineEnd(QTextCursor cursor)
+{
+    cursor.beginEditBlock();
+    cursor.removeSelectedText();
+    cursor.setPosition(acrossSeamForward(cursor.position()));
+    if (isSeamBefore(cursor.block()) && cursor.atBlockStart())
+        cursor.deletePreviousChar();
+    cursor.insertBlock(QTextBlockFormat(), QTextCharFormat());
+    cursor.endEditBlock();
+}
+
+bool PiecedDocument::isSeamBefore(const QTextBlock &block) const
+{
+    return m_hasSeams && block.isValid() && block.position() > 0 && kindBefore(block) == End::Seam;
+}
+
+int PiecedDocument::acrossSeamBackward(int position) const
+{
+    const QTextBlock block = findBlock(position);
+    return position == block.position() && isSeamBefore(block) ? position - 1 : position;
+}
+
+int PiecedDocument::acrossSeamForward(int position) const
+{
+    const QTextBlock next = findBlock(position).next();
+    return next.isValid() && position + 1 == next.position() && isSeamBefore(next) ? position + 1
+                                                                                   : position;
+}
+
+int PiecedDocument::offsetOf(int position) const
+{
+    int seams = 0;
+    if (m_hasSeams) {
+        for (QTextBlock block = begin().next(); block.isValid() && block.position() <= position;
+             block = block.next())
+            seams += isSeamBefore(block) ? 1 : 0;
+    }
+    return position - seams;
+}
+
+int PiecedDocument::positionOf(int offset) const
+{
+    int position = offset;
+    if (m_hasSeams) {
+        for (QTextBlock block = begin().next(); block.isValid() && block.position() <= position;
+             block = block.next())
+            position += isSeamBefore(block) ? 1 : 0;
+    }
+    return std::clamp(position, 0, characterCount() - 1);
+}
+
+QString PiecedDocument::text(int from, int to) const
+{
+    QTextCursor range(const_cast<PiecedDocument *>(this));
+    QString text;
+    if (from == 0 && to == characterCount() - 1) {
+        text = toRawText(); // not toPlainText, which also turns no-break spaces into spaces
+    } else {
+        range.setPosition(from);
+        range.setPosition(to, QTextCursor::KeepAnchor);
+        text = range.selectedText();
+    }
+    if (m_shape.sharing)
+        text.replace(QChar::LineSeparator, u'\n');
+    if (isPlain())
+        return text.replace(QChar::ParagraphSeparator, u'\n');
+
+    qsizetype kept = 0, copied = 0;
+    const auto keep = [&](qsizetype until) {
+        std::copy(text.begin() + copied, text.begin() + until, text.begin() + kept);
+        kept += until - copied;
+        copied = until + 1;
+    };
+    for (QTextBlock block = findBlock(from).next(); block.isValid() && block.position() <= to;
+         block = block.next()) {
+        const qsizetype between = block.position() - 1 - from;
+        const End kind = kindBefore(block);
+        keep(between);
+        if (kind != End::Seam)
+            text[kept++] = kind == End::LineSeparator ? QChar(QChar::LineSeparator) : QChar(u'\n');
+    }
+    keep(text.size());
+    text.truncate(kept);
+    return text;
+}

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "reading/TextPieces.h"
+
+#include <QTextDocument>
+
+class QTextBlock;
+
+/// A document whose blocks are pieces of a text. What stands between two blocks, and that lines may
+/// share one, is known here only: text that comes out is what went in, line ends being '\n'.
+class PiecedDocument : public QTextDocument {
+    Q_OBJECT
+
+public:
+    PiecedDocument();
+
+    /// Empties the document and says how the text is shaped that will be appended.
+    void startOver(const TextPieces::Shape &shape);
+    void append(const TextPieces::Piece &piece);
+    /// Lets the views know how long the document has become.
+    void showSize();
+
+    /// Replaces what is selected; ends in one step of undoing.
+    void insert(QTextCursor cursor, const QString &text);
+    void insertLineEnd(QTextCursor cursor);
+
+    /// What stands between two positions.
+    QString text(int from, int to) const;
+    QString text() const { return text(0, characterCount() - 1); }
+
+    /// Whether the block goes on with the line of the one before: between them there is no character.
+    bool isSeamBefore(const QTextBlock &block) const;
+    /// The place across a seam when the position is at one side of it, else the position.
+    int acrossSeamBackward(int position) const;
+    int acrossSeamForward(int position) const;
+
+    /// How many characters of the text stand before a position, and the position behind so many.
+    int offsetOf(int position) const;
+    int positionOf(int offset) const;
+
+private:
+    void put(QTextCursor &cursor, const TextPieces::Piece &piece);
+    bool isPlain() const { return !m_shape.sharing && !m_hasSeams; }
+
+    TextPieces::Shape m_shape;
+    bool m_hasSeams = false;
+};

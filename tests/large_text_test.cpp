@@ -1,0 +1,149 @@
+#include "reading/FontSize.h"
+#include "reading/ReadingText.h"
+#include "reading/TextPane.h"
+
+#include <QAccessible>
+#include <QMimeData>
+#include <QSignalSpy>
+#include <QTest>
+#include <QTextBlock>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class Pane : public TextPane {
+public:
+    using TextPane::createMimeDataFromSelection;
+    using TextPane::insertFromMimeData;
+    using TextPane::TextPane;
+
+    // How many characters of the text stand before the caret.
+    qsizetype caret(const PiecedDocument &document) const
+    {
+        return document.text(0, textCursor().position()).size();
+    }
+};
+
+QString longLine(int length)
+{
+    QString line;
+    while (line.size() < length)
+        line += u"今日は🐈の記録を%1回読む👨‍👩‍👧。"_s.arg(line.size());
+    return line;
+}
+
+} // namespace
+
+class LargeTextTest : public QObject {
+    Q_OBJECT
+
+    ReadingText m_text;
+    State<double> m_size{FontSize::initial};
+
+    void enter(const QString &text)
+    {
+        QSignalSpy complete(&m_text, &ReadingText::complete);
+        m_text = text;
+        QVERIFY(!complete.isEmpty() || complete.wait(20'000));
+    }
+
+private slots:
+    void itIsTheTextFromTheFirstMomentOn_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::newRow("many lines") << u"一行の文\n\n"_s.repeated(300'000);
+        QTest::newRow("many lines without one at the end") << u"1\n2\n3"_s.repeated(60'000);
+        QTest::newRow("every kind of line end")
+            << u"a\r\nb\rc\nd\u0085e\u2028f\u2029g\vh\fi\u2028\n\u2028"_s.repeated(60'000);
+        QTest::newRow("one very long line") << u"QUJDREVG+/=0"_s.repeated(300'000);
+        QTest::newRow("long lines with characters of several units")
+            << (longLine(60'000) + u"\n短い\n\n"_s).repeated(9) + longLine(2000);
+    }
+    void itIsTheTextFromTheFirstMomentOn()
+    {
+        QFETCH(QString, text);
+        QString lines = text; // as they are once somebody has edited them
+        lines.replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n').replace(QChar::ParagraphSeparator, u'\n');
+
+        m_text = text;
+        QCOMPARE(m_text.value(), text);
+        QTextCursor(m_text.document()).insertText(u"x"_s);
+        QVERIFY(m_text.value().startsWith(u'x'));
+        enter(text);
+        QCOMPARE(m_text.value(), text);
+        QTextCursor(m_text.document()).insertText(u"x"_s);
+        QVERIFY(m_text.value() == u'x' + lines);
+        m_text.document()->undo();
+        QVERIFY(m_text.value() == lines);
+        QVERIFY(!m_text.document()->isUndoAvailable());
+        for (QTextBlock block = m_text.document()->begin(); block.isValid(); block = block.next())
+            QVERIFY(block.length() < 1500);
+    }
+
+    void aSeamIsNoPlaceOfItsOwn()
+    {
+        const QString line = longLine(3000);
+        Pane pane(m_text, m_size);
+        enter(line);
+        PiecedDocument &document = *m_text.document();
+        const int seam = document.begin().next().position();
+        QVERIFY(document.isSeamBefore(document.findBlock(seam)));
+
+        QTextCursor at(&document);
+        const auto put = [&](int position) {
+            at.setPosition(position);
+            pane.setTextCursor(at);
+        };
+        for (const int side : {seam - 1, seam}) {
+            put(side);
+            QTest::keyClick(&pane, Qt::Key_Left);
+            QVERIFY(pane.caret(document) < seam - 1);
+            QTest::keyClick(&pane, Qt::Key_Right);
+            QCOMPARE(pane.caret(document), seam - 1);
+            QTest::keyClick(&pane, Qt::Key_Right);
+            QVERIFY(pane.caret(document) > seam - 1);
+
+            for (const auto &[key, changed] : {
+                     std::pair(Qt::Key_Backspace, line.left(seam - 2) + line.mid(seam - 1)),
+                     std::pair(Qt::Key_Delete, line.left(seam - 1) + line.mid(seam)),
+                     std::pair(Qt::Key_Return, line.left(seam - 1) + u'\n' + line.mid(seam - 1)),
+                 }) {
+                put(side);
+                QTest::keyClick(&pane, key);
+                QCOMPARE(m_text.value(), changed);
+                pane.undo();
+                QCOMPARE(m_text.value(), line);
+            }
+        }
+        QAccessibleTextInterface *heard = QAccessible::queryAccessibleInterface(&pane)->textInterface();
+        QCOMPARE(heard->text(0, heard->characterCount()), line);
+        heard->setCursorPosition(2000);
+        QCOMPARE(heard->cursorPosition(), 2000);
+        QTest::keyClick(&pane, Qt::Key_X);
+        QCOMPARE(m_text.value(), line.left(2000) + u'x' + line.mid(2000));
+        pane.undo();
+        pane.selectAll();
+        const std::unique_ptr<QMimeData> copied(pane.createMimeDataFromSelection());
+        QCOMPARE(copied->text(), line);
+        m_text = u"前後"_s;
+        QTest::keyClick(&pane, Qt::Key_Right);
+        pane.insertFromMimeData(copied.get());
+        QCOMPARE(m_text.value(), u"前"_s + line + u"後"_s);
+        QVERIFY(document.blockCount() > 4);
+        pane.undo();
+        QCOMPARE(m_text.value(), u"前後"_s);
+    }
+
+    void anotherTextStopsTheOneThatIsEntering()
+    {
+        m_text = u"あ\n"_s.repeated(2'000'000);
+        QVERIFY(m_text.document()->characterCount() < 1'000'000);
+        m_text = u"動作中"_s;
+        QTest::qWait(50);
+        QCOMPARE(m_text.document()->text(), u"動作中"_s);
+    }
+};
+
+QTEST_MAIN(LargeTextTest)
+#include "large_text_test.moc"
