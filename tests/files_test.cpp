@@ -2,7 +2,6 @@
 #include "platform/Host.h"
 #include "platform/RegularFile.h"
 #include "platform/WholeFile.h"
-#include "reading/TextDecoding.h"
 
 #include <QTemporaryDir>
 #include <QTest>
@@ -102,36 +101,6 @@ private slots:
     {
         QFETCH(QString, path);
         QCOMPARE(readRegularFile(path, 1 << 20), std::nullopt);
-    }
-
-    void textIsDecodedToTheLastByteOrNotAtAll_data()
-    {
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::addColumn<std::optional<QString>>("expected");
-        using Expected = std::optional<QString>;
-
-        QTest::newRow("nothing") << QByteArray("") << Expected(u""_s);
-        QTest::newRow("Japanese and emoji") << QByteArray("日本語🐱👨‍👩‍👧\n")
-                                            << Expected(u"日本語🐱👨‍👩‍👧\n"_s);
-        QTest::newRow("the byte order mark is no text")
-            << QByteArray("\xef\xbb\xbf猫") << Expected(u"猫"_s);
-        QTest::newRow("a mark further in is") << QByteArray("猫\xef\xbb\xbf") << Expected(u"猫\ufeff"_s);
-        QTest::newRow("line ends are kept") << QByteArray("a\r\nb\rc\n") << Expected(u"a\r\nb\rc\n"_s);
-        QTest::newRow("a zero byte is a character")
-            << QByteArray("a\0b", 3) << Expected(QString(u"a"_s + QChar(0) + u'b'));
-        QTest::newRow("U+FFFD itself") << QByteArray("\xef\xbf\xbd") << Expected(u"\ufffd"_s);
-        QTest::newRow("cut off in a character") << QByteArray("日本\xe8\xaa") << Expected();
-        QTest::newRow("a stray tail byte") << QByteArray("a\x80z") << Expected();
-        QTest::newRow("an overlong form") << QByteArray("\xc0\xaf") << Expected();
-        QTest::newRow("half a surrogate pair") << QByteArray("\xed\xa0\xbd") << Expected();
-        QTest::newRow("beyond Unicode") << QByteArray("\xf4\x90\x80\x80") << Expected();
-        QTest::newRow("a PNG file") << QByteArray::fromHex("89504e470d0a1a0a0000000d49484452")
-                                    << Expected();
-    }
-    void textIsDecodedToTheLastByteOrNotAtAll()
-    {
-        QFETCH(QByteArray, bytes);
-        QTEST(decodedText(bytes), "expected");
     }
 };
 

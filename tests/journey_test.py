@@ -78,6 +78,7 @@ class Journey(unittest.TestCase):
             for node in nodes(self.app):
                 if node.getRoleName() == role and node.name == name:
                     return node
+            self.app.clear_cache()  # which may have been filled while the window was being made
             return None
         return wait_for(accessible)
 

@@ -70,6 +70,10 @@ private slots:
         QTest::newRow("parentheses, backslashes, and codes that would be line ends")
             << u"(a\\(b)\\n) čĊ ഊ"_s;
         QTest::newRow("nothing to be seen") << u"a\u200bb\u00adc\ufeffd\u2060e"_s;
+        QString rare;
+        for (char32_t c = 0xf0000; c < 0xf0600; ++c)
+            rare += QString::fromUcs4(&c, 1);
+        QTest::newRow("characters that no font has") << rare;
         QTest::newRow("a word without an end") << u"abc"_s.repeated(20'000);
     }
     void textComesOutAsItWentIn()

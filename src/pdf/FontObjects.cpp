@@ -1,8 +1,8 @@
 #include "pdf/FontObjects.h"
 
+#include "pdf/DrawnFont.h"
 #include "pdf/OutlineFont.h"
 #include "pdf/PdfStream.h"
-#include "pdf/PictureFont.h"
 
 namespace {
 
@@ -47,8 +47,10 @@ std::map<const FontFile *, UsedGlyphs> usedGlyphs(const DocumentFonts &fonts)
 {
     std::map<const FontFile *, UsedGlyphs> used;
     for (const DocumentFonts::Font &font : fonts.fonts()) {
-        for (const auto &[code, entry] : font.codes)
-            used[font.file].try_emplace(code, entry.glyph);
+        for (const auto &[code, entry] : font.codes) {
+            if (!font.isDrawn)
+                used[font.file].try_emplace(code, entry.glyph);
+        }
     }
     return used;
 }
@@ -72,10 +74,9 @@ QPDFObjectHandle fontResources(QPDF &document, const DocumentFonts &fonts, bool 
     QPDFObjectHandle resources = QPDFObjectHandle::newDictionary();
     for (std::size_t number = 0; number < fonts.fonts().size(); ++number) {
         const DocumentFonts::Font &font = fonts.fonts()[number];
-        const bool pictured = font.file->glyphs() == FontFile::Glyphs::Pictures;
         QPDFObjectHandle made;
-        if (pictured) {
-            made = pictureFont(font, pictures);
+        if (font.isDrawn) {
+            made = drawnFont(font, pictures);
         } else {
             QPDFObjectHandle &shared = outlines[font.file];
             if (!shared.isInitialized())
@@ -83,7 +84,7 @@ QPDFObjectHandle fontResources(QPDF &document, const DocumentFonts &fonts, bool 
                     outlineFont(document, *font.file, used.at(font.file), subsetName(*font.file, number));
             made = composite(document, shared);
         }
-        made.replaceKey("/ToUnicode", pdfStream(document, textsOfCodes(font, pictured ? 2 : 4)));
+        made.replaceKey("/ToUnicode", pdfStream(document, textsOfCodes(font, font.isDrawn ? 2 : 4)));
         resources.replaceKey("/F" + std::to_string(number), made);
     }
     return resources;

@@ -75,7 +75,7 @@ void Content::add(const Glyph &glyph)
     if (glyph.right != 0)
         move(glyph.right);
     openString();
-    if (!glyph.code.isPicture)
+    if (!glyph.code.isDrawn)
         appendByte(static_cast<unsigned char>(glyph.code.code >> 8));
     appendByte(static_cast<unsigned char>(glyph.code.code & 0xff));
     if (glyph.excess != glyph.right)

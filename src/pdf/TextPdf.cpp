@@ -2,12 +2,9 @@
 
 #include "pdf/FontObjects.h"
 #include "pdf/PageContents.h"
+#include "pdf/PdfFile.h"
 #include "pdf/PdfStream.h"
 #include "typesetting/Typesetter.h"
-
-#include <qpdf/Pipeline.hh>
-#include <qpdf/QPDFWriter.hh>
-#include <qpdf/QUtil.hh>
 
 #include <algorithm>
 #include <stdexcept>
@@ -16,28 +13,6 @@
 namespace {
 
 struct Cancelled { };
-
-class OutputPipeline : public Pipeline {
-public:
-    OutputPipeline(const PdfOutput &output, const PdfProgress &progress)
-        : Pipeline("output", nullptr)
-        , m_output(output)
-        , m_progress(progress)
-    {
-    }
-    void write(const unsigned char *bytes, std::size_t count) override
-    {
-        if (m_progress.cancelled)
-            throw Cancelled();
-        if (!m_output(reinterpret_cast<const char *>(bytes), count))
-            throw std::runtime_error("the output takes no more");
-    }
-    void finish() override { }
-
-private:
-    const PdfOutput &m_output;
-    const PdfProgress &m_progress;
-};
 
 // One thread sets the pages; these turn them into streams beside it.
 int threadsBeside()
@@ -64,40 +39,20 @@ std::vector<std::string> contents(std::u16string_view text, const PdfSettings &s
     return made.finished();
 }
 
-void addPages(QPDF &document, const std::vector<QPDFObjectHandle> &streams, const PdfSettings &settings,
-              QPDFObjectHandle tree)
+// As often, and in the order, in which they are wanted.
+std::vector<QPDFObjectHandle> pages(QPDF &document, const std::vector<QPDFObjectHandle> &streams,
+                                    const PdfSettings &settings)
 {
-    QPDFObjectHandle pages = QPDFObjectHandle::newArray();
-    const auto add = [&](QPDFObjectHandle stream) {
-        QPDFObjectHandle page = QPDFObjectHandle::newDictionary();
-        page.replaceKey("/Type", QPDFObjectHandle::newName("/Page"));
-        page.replaceKey("/Parent", tree);
-        page.replaceKey("/Contents", stream);
-        pages.appendItem(document.makeIndirectObject(page));
-    };
+    std::vector<QPDFObjectHandle> all;
     const int rounds = settings.collated ? settings.copies : 1;
     const int repeats = settings.collated ? 1 : settings.copies;
     for (int round = 0; round < rounds; ++round) {
         for (const QPDFObjectHandle &stream : streams) {
             for (int i = 0; i < repeats; ++i)
-                add(stream);
+                all.push_back(pdfPage(document, stream));
         }
     }
-    tree.replaceKey("/Kids", pages);
-    tree.replaceKey("/Count", QPDFObjectHandle::newInteger(pages.getArrayNItems()));
-}
-
-void describe(QPDF &document, const PdfSettings &settings)
-{
-    QPDFObjectHandle root = document.getRoot();
-    root.replaceKey("/Lang", QPDFObjectHandle::newString("ja"));
-    root.replaceKey("/ViewerPreferences", QPDFObjectHandle::parse("<</DisplayDocTitle true>>"));
-    QPDFObjectHandle information = document.makeIndirectObject(QPDFObjectHandle::newDictionary());
-    information.replaceKey("/Title", QPDFObjectHandle::newUnicodeString(settings.title));
-    information.replaceKey("/Creator", QPDFObjectHandle::newString("Tarumine"));
-    const std::string now = QUtil::qpdf_time_to_pdf_time(QUtil::get_current_qpdf_time());
-    information.replaceKey("/CreationDate", QPDFObjectHandle::newString(now));
-    document.getTrailer().replaceKey("/Info", information);
+    return all;
 }
 
 void write(std::u16string_view text, const PdfSettings &settings, const PdfOutput &output,
@@ -111,28 +66,18 @@ void write(std::u16string_view text, const PdfSettings &settings, const PdfOutpu
 
     QPDF document;
     document.emptyPDF();
-    QPDFObjectHandle tree = document.getRoot().getKey("/Pages");
-    QPDFObjectHandle resources = QPDFObjectHandle::newDictionary();
-    resources.replaceKey("/Font", fontResources(document, codes, settings.grey));
-    tree.replaceKey("/Resources", document.makeIndirectObject(resources));
-    tree.replaceKey("/MediaBox",
-                    QPDFObjectHandle::newArray(
-                        QPDFObjectHandle::Rectangle(0, 0, settings.format.width, settings.format.height)));
     std::vector<QPDFObjectHandle> streams;
     for (std::string &stream : compressed)
         streams.push_back(deflatedStream(document, std::exchange(stream, {})));
     if (settings.lastFirst)
         std::reverse(streams.begin(), streams.end());
-    addPages(document, streams, settings, tree);
-    describe(document, settings);
-
-    OutputPipeline pipeline(output, progress);
-    QPDFWriter writer(document);
-    writer.setOutputPipeline(&pipeline);
-    writer.setMinimumPDFVersion("1.5");
-    writer.setObjectStreamMode(qpdf_o_generate);
-    writer.setDecodeLevel(qpdf_dl_none);
-    writer.write();
+    QPDFObjectHandle resources = QPDFObjectHandle::newDictionary();
+    resources.replaceKey("/Font", fontResources(document, codes, settings.grey));
+    addPages(document, pages(document, streams, settings), resources, settings.format);
+    const auto unlessCancelled = [&](const char *bytes, std::size_t count) {
+        return !progress.cancelled && output(bytes, count);
+    };
+    writePdfFile(document, settings.title, unlessCancelled);
 }
 
 } // namespace
@@ -146,6 +91,6 @@ PdfResult writeTextPdf(std::u16string_view text, const PdfSettings &settings, co
     } catch (const Cancelled &) {
         return PdfResult::Cancelled;
     } catch (const std::exception &) {
-        return PdfResult::Failed;
+        return progress.cancelled ? PdfResult::Cancelled : PdfResult::Failed;
     }
 }

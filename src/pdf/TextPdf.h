@@ -1,5 +1,6 @@
 #pragma once
 
+#include "pdf/PdfOutput.h"
 #include "typesetting/PageFormat.h"
 
 #include <atomic>
@@ -28,9 +29,6 @@ struct PdfProgress {
 };
 
 enum class PdfResult { Written, Cancelled, Failed };
-
-/// Takes the next bytes of the file; false when that fails, which ends the work.
-using PdfOutput = std::function<bool(const char *bytes, std::size_t count)>;
 
 /// Sets a text in pages and writes them as a PDF: pages with text that can be searched and copied, to
 /// the character. Takes a while; touches nothing that other threads use.

@@ -42,6 +42,13 @@ bool isSolid(char32_t c, UScriptCode script)
     return isSetSolid(script) || isWide(c) || (!latin && (U_GET_GC_MASK(UChar32(c)) & noLetter));
 }
 
+std::u16string textOf(char32_t c)
+{
+    if (c <= 0xffff)
+        return {char16_t(c)};
+    return {char16_t(U16_LEAD(c)), char16_t(U16_TRAIL(c))};
+}
+
 CharacterKind kindOf(char32_t c, UScriptCode script)
 {
     using enum CharacterKind;
@@ -76,16 +83,6 @@ bool isSetSolid(UScriptCode script)
     }
 }
 
-void append(std::u16string &text, char32_t character)
-{
-    if (character <= 0xffff) {
-        text += char16_t(character);
-        return;
-    }
-    text += char16_t(U16_LEAD(character));
-    text += char16_t(U16_TRAIL(character));
-}
-
 CharacterTable::CharacterTable(FontList &fonts, DocumentFonts &codes)
     : m_fonts(fonts)
     , m_codes(codes)
@@ -105,8 +102,11 @@ const Character &CharacterTable::lookedAt(char32_t c)
     character.kind = kindOf(c, character.script);
     switch (character.kind) {
     case CharacterKind::Invisible:
+        character.font = m_fonts.first();
+        character.glyph.code = m_codes.code(*character.font, DocumentFonts::nothing, textOf(c));
+        break;
     case CharacterKind::Tab:
-        makeInvisible(character, c);
+        makeTab(character);
         break;
     case CharacterKind::Picture:
         character.font = m_fonts.pictureFontFor(c);
@@ -139,21 +139,17 @@ void CharacterTable::shape(Character &character, char32_t c)
         character.kind = CharacterKind::Letter; // not that simple in this font
         return;
     }
-    std::u16string text;
-    append(text, c);
-    character.glyph.code = m_codes.code(*character.font, info->codepoint, text);
+    character.glyph.code = m_codes.code(*character.font, info->codepoint, textOf(c));
     character.advance = position->x_advance;
     character.glyph.excess = position->x_advance - character.font->advance(info->codepoint);
 }
 
-// It is a blank without a width, which stands for this character when the text is taken out again.
-void CharacterTable::makeInvisible(Character &character, char32_t c)
+// It is a blank, whose width is known only where it stands: it begins with none.
+void CharacterTable::makeTab(Character &character)
 {
     character.font = m_fonts.first();
     hb_codepoint_t blank = 0;
     hb_font_get_nominal_glyph(character.font->font(), U' ', &blank);
-    std::u16string text;
-    append(text, c);
-    character.glyph.code = m_codes.code(*character.font, blank, text);
+    character.glyph.code = m_codes.code(*character.font, blank, u"\t");
     character.glyph.excess = -character.font->advance(blank);
 }

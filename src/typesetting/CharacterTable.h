@@ -47,7 +47,7 @@ private:
 
     const Character &lookedAt(char32_t c);
     void shape(Character &character, char32_t c);
-    void makeInvisible(Character &character, char32_t c);
+    void makeTab(Character &character);
 
     FontList &m_fonts;
     DocumentFonts &m_codes;
@@ -56,6 +56,3 @@ private:
 
 /// Whether characters of this script stand in squares of their own, not moved by their neighbours.
 bool isSetSolid(UScriptCode script);
-
-/// Appends a character in UTF-16.
-void append(std::u16string &text, char32_t character);

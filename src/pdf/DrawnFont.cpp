@@ -1,5 +1,6 @@
-#include "pdf/PictureFont.h"
+#include "pdf/DrawnFont.h"
 
+#include "pdf/PdfImage.h"
 #include "pdf/PdfStream.h"
 
 #include <QImage>
@@ -10,50 +11,14 @@
 
 namespace {
 
-constexpr int letterM = DocumentFonts::picturesPerFont;
-
-QPDFObjectHandle image(QPDF &document, const QImage &picture, const char *colours, const std::string &bytes)
-{
-    QPDFObjectHandle stream = pdfStream(document, bytes);
-    QPDFObjectHandle dictionary = stream.getDict();
-    dictionary.replaceKey("/Type", QPDFObjectHandle::newName("/XObject"));
-    dictionary.replaceKey("/Subtype", QPDFObjectHandle::newName("/Image"));
-    dictionary.replaceKey("/ColorSpace", QPDFObjectHandle::newName(colours));
-    dictionary.replaceKey("/BitsPerComponent", QPDFObjectHandle::newInteger(8));
-    dictionary.replaceKey("/Width", QPDFObjectHandle::newInteger(picture.width()));
-    dictionary.replaceKey("/Height", QPDFObjectHandle::newInteger(picture.height()));
-    return stream;
-}
+constexpr int letterM = DocumentFonts::drawnPerFont;
 
 QImage read(const FontFile &file, hb_codepoint_t glyph)
 {
     const HarfBuzz<hb_blob_t> blob(hb_ot_color_glyph_reference_png(file.font(), glyph));
     unsigned length = 0;
     const char *data = hb_blob_get_data(blob.get(), &length);
-    return QImage::fromData(reinterpret_cast<const uchar *>(data), int(length), "PNG")
-        .convertToFormat(QImage::Format_RGBA8888);
-}
-
-// Null when the glyph has no picture.
-QPDFObjectHandle picture(QPDF &document, bool grey, const QImage &read)
-{
-    if (read.isNull())
-        return QPDFObjectHandle::newNull();
-    std::string colours;
-    std::string opacity;
-    for (int y = 0; y < read.height(); ++y) {
-        const uchar *pixel = read.constScanLine(y);
-        for (int x = 0; x < read.width(); ++x, pixel += 4) {
-            if (grey)
-                colours += char(qGray(pixel[0], pixel[1], pixel[2]));
-            else
-                colours.append(reinterpret_cast<const char *>(pixel), 3);
-            opacity += char(pixel[3]);
-        }
-    }
-    QPDFObjectHandle drawn = image(document, read, grey ? "/DeviceGray" : "/DeviceRGB", colours);
-    drawn.getDict().replaceKey("/SMask", image(document, read, "/DeviceGray", opacity));
-    return drawn;
+    return QImage::fromData(reinterpret_cast<const uchar *>(data), int(length), "PNG");
 }
 
 std::string number(double value)
@@ -61,7 +26,8 @@ std::string number(double value)
     return QPDFObjectHandle::newReal(value, 3).unparse();
 }
 
-std::string drawing(const FontFile &file, hb_codepoint_t glyph)
+// A glyph of this font that is shown as one of the document's images.
+std::string imageDrawing(const FontFile &file, hb_codepoint_t glyph)
 {
     hb_glyph_extents_t box{};
     hb_font_get_glyph_extents(file.font(), glyph, &box);
@@ -71,28 +37,39 @@ std::string drawing(const FontFile &file, hb_codepoint_t glyph)
         + std::to_string(glyph) + " Do Q";
 }
 
+std::string boxDrawing(double advance)
+{
+    return number(advance) + " 0 d0 30 w " + number(advance * 0.1) + " 0 " + number(advance * 0.8)
+        + " 700 re S";
+}
+
 } // namespace
 
-QPDFObjectHandle pictureFont(const DocumentFonts::Font &font, Pictures &pictures)
+QPDFObjectHandle drawnFont(const DocumentFonts::Font &font, Pictures &pictures)
 {
     QPDF &document = pictures.document;
-    QPDFObjectHandle resources = QPDFObjectHandle::newDictionary();
+    QPDFObjectHandle images = QPDFObjectHandle::newDictionary();
     QPDFObjectHandle procedures = QPDFObjectHandle::newDictionary();
     QPDFObjectHandle differences = QPDFObjectHandle::newArray();
     QPDFObjectHandle widths = QPDFObjectHandle::newArray();
     differences.appendItem(QPDFObjectHandle::newInteger(0));
     for (std::size_t code = 0; code < font.codes.size(); ++code) {
         const hb_codepoint_t glyph = font.codes.at(std::uint16_t(code)).glyph;
-        QPDFObjectHandle &drawn = pictures.embedded[{font.file, glyph}];
-        if (!drawn.isInitialized())
-            drawn = picture(document, pictures.grey, read(*font.file, glyph));
+        const double advance = glyph == DocumentFonts::nothing ? 0 : font.file->advance(glyph) / textSize;
+        std::string drawing = number(advance) + " 0 d0";
+        if (font.file->glyphs() == FontFile::Glyphs::Pictures) {
+            QPDFObjectHandle &image = pictures.embedded[{font.file, glyph}];
+            if (!image.isInitialized())
+                image = pdfImage(document, read(*font.file, glyph), pictures.grey);
+            if (!image.isNull()) {
+                images.replaceKey("/P" + std::to_string(glyph), image);
+                drawing = imageDrawing(*font.file, glyph);
+            }
+        } else if (glyph == DocumentFonts::missing) {
+            drawing = boxDrawing(advance);
+        }
         const std::string name = "/g" + std::to_string(code);
-        const double advance = font.file->advance(glyph) / textSize;
-        if (!drawn.isNull())
-            resources.replaceKey("/P" + std::to_string(glyph), drawn);
-        procedures.replaceKey(
-            name,
-            pdfStream(document, drawn.isNull() ? number(advance) + " 0 d0" : drawing(*font.file, glyph)));
+        procedures.replaceKey(name, pdfStream(document, drawing));
         differences.appendItem(QPDFObjectHandle::newName(name));
         widths.appendItem(QPDFObjectHandle::newReal(advance, 3));
     }
@@ -104,6 +81,7 @@ QPDFObjectHandle pictureFont(const DocumentFonts::Font &font, Pictures &pictures
     while (widths.getArrayNItems() < letterM)
         widths.appendItem(QPDFObjectHandle::newInteger(0));
     widths.appendItem(QPDFObjectHandle::newInteger(600));
+
     QPDFObjectHandle made = QPDFObjectHandle::parse("<</Type /Font /Subtype /Type3 /FontBBox [0 -300 1300 "
                                                     "1000] /FontMatrix [0.001 0 0 0.001 0 0] /FirstChar 0 "
                                                     "/Encoding <</Type /Encoding>> /Resources <<>> >>");
@@ -111,6 +89,6 @@ QPDFObjectHandle pictureFont(const DocumentFonts::Font &font, Pictures &pictures
     made.replaceKey("/Widths", widths);
     made.replaceKey("/CharProcs", procedures);
     made.getKey("/Encoding").replaceKey("/Differences", differences);
-    made.getKey("/Resources").replaceKey("/XObject", resources);
+    made.getKey("/Resources").replaceKey("/XObject", images);
     return document.makeIndirectObject(made);
 }

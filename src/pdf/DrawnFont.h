@@ -13,5 +13,5 @@ struct Pictures {
     std::map<std::pair<const FontFile *, hb_codepoint_t>, QPDFObjectHandle> embedded;
 };
 
-/// Embeds a font whose glyphs are pictures: to a reader of the document they are text like any other.
-QPDFObjectHandle pictureFont(const DocumentFonts::Font &font, Pictures &pictures);
+/// Embeds a font whose glyphs the document draws itself: to a reader they are text like any other.
+QPDFObjectHandle drawnFont(const DocumentFonts::Font &font, Pictures &pictures);
