@@ -97,7 +97,7 @@ bool BrowserChoice::openPortable()
 
 QString BrowserChoice::icon(const QString &browser) const
 {
-    const QString bundles = m_found.bundleIcons.value(browser);
+    QString bundles = m_found.bundleIcons.value(browser);
     if (!bundles.isEmpty())
         return bundles;
     const auto &registered = m_found.registered;

@@ -29,7 +29,7 @@ std::string nameBeside(const std::string &folder)
 std::string resolved(const std::string &path)
 {
     char *real = ::realpath(path.c_str(), nullptr);
-    const std::string result = real ? real : path;
+    std::string result = real ? real : path;
     std::free(real);
     return result;
 }

@@ -80,7 +80,7 @@ private:
     xcb_window_t m_root = XCB_WINDOW_NONE;
 };
 
-std::string quoted(const std::string &value)
+std::string inQuotes(const std::string &value)
 {
     std::string quoted = "\"";
     for (const char c : value) {
@@ -118,11 +118,11 @@ std::string StartupSequence::begin(const Program &program)
     const xcb_timestamp_t time = display.isOpen() ? display.time() : 0;
     if (time == 0)
         return {};
-    const std::string id = newId(std::filesystem::path(program.entry).stem().string(), time);
-    std::string message = "new: ID=" + quoted(id) + " SCREEN=0 NAME=" + quoted(program.name)
-        + " APPLICATION_ID=" + quoted(program.entry) + " TIMESTAMP=" + std::to_string(time);
+    std::string id = newId(std::filesystem::path(program.entry).stem().string(), time);
+    std::string message = "new: ID=" + inQuotes(id) + " SCREEN=0 NAME=" + inQuotes(program.name)
+        + " APPLICATION_ID=" + inQuotes(program.entry) + " TIMESTAMP=" + std::to_string(time);
     if (!program.windowClass.empty())
-        message += " WMCLASS=" + quoted(program.windowClass);
+        message += " WMCLASS=" + inQuotes(program.windowClass);
     display.broadcast(message);
     return id;
 }
@@ -131,5 +131,5 @@ void StartupSequence::end(const std::string &id)
 {
     Display display;
     if (display.isOpen())
-        display.broadcast("remove: ID=" + quoted(id));
+        display.broadcast("remove: ID=" + inQuotes(id));
 }
