@@ -121,6 +121,23 @@ private slots:
         fs::remove_all(inRoot("")); // also what has names that the toolkit can't say
     }
 
+    // The first of all, as GIO looks at these folders once, and later hears of changes in its own time.
+    void associationsNameBrowsersToo()
+    {
+        const fs::path data = qgetenv("XDG_DATA_HOME").toStdString();
+        const fs::path config = qgetenv("XDG_CONFIG_HOME").toStdString();
+        write(data / "applications/associated.desktop", entry("Icon=associated"));
+        write(data / "applications/another.desktop", entry(""));
+        QCOMPARE(Workspace().webBrowsers().size(), size_t(0));
+        write(config / "mimeapps.list",
+              "[Added Associations]\nx-scheme-handler/http=associated.desktop;gone.desktop;\n"
+              "[Default Applications]\nx-scheme-handler/https=associated.desktop\n");
+        const auto found = Workspace().webBrowsers();
+        fs::remove(config / "mimeapps.list");
+        QCOMPARE(found.size(), size_t(1));
+        QCOMPARE(found[0].icon, u"associated"_s);
+    }
+
     void bundlesAreFoundByTheirNames_data()
     {
         QTest::addColumn<Names>("everybodys");
@@ -267,22 +284,6 @@ private slots:
         const auto found = DesktopEntries::webBrowsers({users, systems, inRoot("none")});
         QCOMPARE(found.size(), size_t(1));
         QCOMPARE(found[0].icon, u"mine"_s);
-    }
-
-    void associationsNameBrowsersToo()
-    {
-        const fs::path data = qgetenv("XDG_DATA_HOME").toStdString(); // GIO asks there, once
-        const fs::path config = qgetenv("XDG_CONFIG_HOME").toStdString();
-        write(data / "applications/associated.desktop", entry("Icon=associated"));
-        write(data / "applications/another.desktop", entry(""));
-        QCOMPARE(Workspace().webBrowsers().size(), size_t(0));
-        write(config / "mimeapps.list",
-              "[Added Associations]\nx-scheme-handler/http=associated.desktop;gone.desktop;\n"
-              "[Default Applications]\nx-scheme-handler/https=associated.desktop\n");
-        const auto found = Workspace().webBrowsers();
-        fs::remove(config / "mimeapps.list");
-        QCOMPARE(found.size(), size_t(1));
-        QCOMPARE(found[0].icon, u"associated"_s);
     }
 
     void registeredBrowsersJoinTheList()
