@@ -24,11 +24,11 @@ std::string placed(double scale, double x, double y, const std::string &drawing)
 
 } // namespace
 
-ManualPages::ManualPages(QPDF &document, FontList &fonts, DocumentFonts &codes, QDir pictures)
+ManualPages::ManualPages(QPDF &document, FontList &fonts, DocumentFonts &codes, const QDir &pictures)
     : m_document(document)
     , m_fonts(fonts)
     , m_codes(codes)
-    , m_pictures(std::move(pictures))
+    , m_pictures(pictures)
     , m_y(m_format.height - m_format.top)
 {
 }

@@ -18,7 +18,7 @@ public:
         double top = 0;       // points from the bottom of the page
     };
 
-    ManualPages(QPDF &document, FontList &fonts, DocumentFonts &codes, QDir pictures);
+    ManualPages(QPDF &document, FontList &fonts, DocumentFonts &codes, const QDir &pictures);
 
     void add(const ManualBlock &block);
     /// Ends the last page, and numbers all.

@@ -41,7 +41,7 @@ void describe(QPDF &document, const std::string &title)
 
 } // namespace
 
-QPDFObjectHandle pdfPage(QPDF &document, QPDFObjectHandle content)
+QPDFObjectHandle pdfPage(QPDF &document, const QPDFObjectHandle &content)
 {
     QPDFObjectHandle page = QPDFObjectHandle::newDictionary();
     page.replaceKey("/Type", QPDFObjectHandle::newName("/Page"));
@@ -50,7 +50,7 @@ QPDFObjectHandle pdfPage(QPDF &document, QPDFObjectHandle content)
     return document.makeIndirectObject(page);
 }
 
-void addPages(QPDF &document, const std::vector<QPDFObjectHandle> &pages, QPDFObjectHandle resources,
+void addPages(QPDF &document, const std::vector<QPDFObjectHandle> &pages, const QPDFObjectHandle &resources,
               const PageFormat &format)
 {
     QPDFObjectHandle tree = document.getRoot().getKey("/Pages");

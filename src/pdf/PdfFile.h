@@ -9,10 +9,10 @@
 #include <vector>
 
 /// A page that shows this content.
-QPDFObjectHandle pdfPage(QPDF &document, QPDFObjectHandle content);
+QPDFObjectHandle pdfPage(QPDF &document, const QPDFObjectHandle &content);
 
 /// Makes these the pages of an empty document, with what their contents refer to.
-void addPages(QPDF &document, const std::vector<QPDFObjectHandle> &pages, QPDFObjectHandle resources,
+void addPages(QPDF &document, const std::vector<QPDFObjectHandle> &pages, const QPDFObjectHandle &resources,
               const PageFormat &format);
 
 /// Writes the document, and throws when the output takes no more.

@@ -12,13 +12,14 @@ GlyphCode DocumentFonts::outlineCode(const FontFile &file, hb_codepoint_t glyph,
 {
     const std::uint16_t code = file.code(glyph);
     for (const std::uint16_t font : m_outlines[&file]) {
-        const auto [entry, isNew] = m_fonts[font].codes.try_emplace(code, glyph, std::u16string(text));
+        const auto [entry, isNew] =
+            m_fonts[font].codes.try_emplace(code, Entry{glyph, std::u16string(text)});
         if (isNew || entry->second.text == text)
             return {.font = font, .code = code};
     }
     const std::uint16_t font = added(file, false);
     m_outlines[&file].push_back(font);
-    m_fonts[font].codes.try_emplace(code, glyph, std::u16string(text));
+    m_fonts[font].codes.try_emplace(code, Entry{glyph, std::u16string(text)});
     return {.font = font, .code = code};
 }
 
@@ -32,7 +33,7 @@ GlyphCode DocumentFonts::drawnCode(const FontFile &file, hb_codepoint_t glyph, s
     const std::uint16_t font = full ? added(file, true) : last->second;
     m_lastDrawn[&file] = font;
     const auto code = std::uint16_t(m_fonts[font].codes.size());
-    m_fonts[font].codes.try_emplace(code, glyph, std::u16string(text));
+    m_fonts[font].codes.try_emplace(code, Entry{glyph, std::u16string(text)});
     known = {.font = font, .isDrawn = 1, .code = code};
     return known;
 }

@@ -2,11 +2,10 @@
 
 #include "typesetting/FontFile.h"
 
+#include <fontconfig/fontconfig.h>
+
 #include <string>
 #include <vector>
-
-struct _FcCharSet;
-struct _FcFontSet;
 
 /// The installed fonts in the order in which a text asks them for a character: the text's own family
 /// first, then what the system recommends for a Japanese reader.
@@ -32,7 +31,7 @@ private:
         std::string path;
         unsigned index = 0;
         bool colour = false;
-        const _FcCharSet *characters = nullptr;
+        const FcCharSet *characters = nullptr;
         bool tried = false;
         std::unique_ptr<FontFile> file; // opened when it is first needed
     };
@@ -40,6 +39,6 @@ private:
     const FontFile *open(Candidate &candidate);
     const FontFile *find(char32_t character, bool colour);
 
-    _FcFontSet *m_found;
+    FcFontSet *m_found;
     std::vector<Candidate> m_candidates;
 };
