@@ -6,6 +6,8 @@
 
 #include <QAbstractItemView>
 #include <QComboBox>
+#include <QDBusConnection>
+#include <QProcess>
 #include <QSemaphore>
 #include <QTemporaryDir>
 #include <QTest>
@@ -48,6 +50,18 @@ public:
     QStringList m_asked;
     fs::path m_lastBundle;
     bool m_isUninstalled = false;
+};
+
+// A browser that has been running for a while, and waits on the bus to be asked for a window.
+class RunningBrowser : public QObject {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
+
+public:
+    int m_asked = 0;
+
+public slots:
+    void Activate(const QVariantMap &) { ++m_asked; }
 };
 
 // Tells what kind of process it has become.
@@ -105,6 +119,23 @@ private slots:
         std::error_code missing;
         fs::permissions(m_folders.everybodys, fs::perms::owner_all, missing);
         fs::remove_all(inRoot("")); // also what has names that the toolkit can't say
+    }
+
+    // The first of all, as GIO looks at these folders once, and later hears of changes in its own time.
+    void associationsNameBrowsersToo()
+    {
+        const fs::path data = qgetenv("XDG_DATA_HOME").toStdString();
+        const fs::path config = qgetenv("XDG_CONFIG_HOME").toStdString();
+        write(data / "applications/associated.desktop", entry("Icon=associated"));
+        write(data / "applications/another.desktop", entry(""));
+        QCOMPARE(Workspace().webBrowsers().size(), size_t(0));
+        write(config / "mimeapps.list",
+              "[Added Associations]\nx-scheme-handler/http=associated.desktop;gone.desktop;\n"
+              "[Default Applications]\nx-scheme-handler/https=associated.desktop\n");
+        const auto found = Workspace().webBrowsers();
+        fs::remove(config / "mimeapps.list");
+        QCOMPARE(found.size(), size_t(1));
+        QCOMPARE(found[0].icon, u"associated"_s);
     }
 
     void bundlesAreFoundByTheirNames_data()
@@ -209,7 +240,6 @@ private slots:
         QTest::addColumn<std::string>("content");
         QTest::addColumn<bool>("isListed");
         QTest::newRow("by category") << entry("Categories=Network;WebBrowser;") << true;
-        QTest::newRow("by category, without the last semicolon") << entry("Categories=WebBrowser") << true;
         QTest::newRow("by what they open") << entry("MimeType=x-scheme-handler/https;") << true;
         QTest::newRow("a long entry")
             << entry(std::string(65'520, '#') + "\nCategories=WebBrowser;") << true;
@@ -222,10 +252,6 @@ private slots:
             << entry("Categories=WebBrowser;\nOnlyShowIn=None;") << false;
         QTest::newRow("nor one whose program is missing")
             << entry("Categories=WebBrowser;\nTryExec=/nowhere/browser") << false;
-        QTest::newRow("nor a link") << std::string(
-            "[Desktop Entry]\nType=Link\nName=Web\nURL=https://a.example\n"
-            "Categories=WebBrowser;\n")
-                                    << false;
         QTest::newRow("nor a nameless one")
             << std::string("[Desktop Entry]\nType=Application\nExec=true\nCategories=WebBrowser;\n")
             << false;
@@ -347,6 +373,21 @@ private slots:
         QVERIFY(report().contains("/home/Applications/Arc%20%25%FF.app\n"));
     }
 
+    void bundlesBringTheirIcons()
+    {
+        const fs::path bundle = m_folders.own / "Arc.app";
+        write(bundle / "b.svg", "<svg/>");
+        QVERIFY(Workspace().icon(bundle).endsWith(u"/Arc.app/b.svg"));
+        write(bundle / "a.png", std::string(1 << 20, ' ')); // would hold up the window
+        QVERIFY(Workspace().icon(bundle).endsWith(u"/b.svg"));
+        write(bundle / ".DirIcon", "");
+        QVERIFY(Workspace().icon(bundle).endsWith(u"/.DirIcon"));
+        fs::remove(bundle / ".DirIcon");
+        QCOMPARE(::mkfifo((bundle / ".DirIcon").c_str(), 0600), 0); // so would this
+        QVERIFY(Workspace().icon(bundle).endsWith(u"/b.svg"));
+        QVERIFY(Workspace().icon(bundle / "b.svg").isEmpty());
+    }
+
     void whatFailsToStartIsNotHandedToAShell()
     {
         write(m_folders.own / "Arc.app", std::string(reporter).substr(std::string("#!/bin/sh\n").size()),
@@ -366,6 +407,31 @@ private slots:
         QCOMPARE(report().count("-> /dev/null"), 3);
         fs::remove(file);
         QVERIFY(!Workspace().start({.name = u"Web"_s, .icon = {}, .entry = file}));
+    }
+
+    void aRunningApplicationIsAskedOnTheBus()
+    {
+        QProcess daemon;
+        daemon.start(u"dbus-daemon"_s, {u"--session"_s, u"--nofork"_s, u"--print-address"_s});
+        QVERIFY(daemon.waitForReadyRead());
+        const QByteArray address = daemon.readLine().trimmed();
+        auto bus = QDBusConnection::connectToBus(QString::fromLatin1(address), u"browser"_s);
+        RunningBrowser browser;
+        QVERIFY(bus.registerObject(u"/org/example/Web"_s, &browser, QDBusConnection::ExportAllSlots));
+        QVERIFY(bus.registerService(u"org.example.Web"_s));
+        const fs::path file = inRoot("org.example.Web.desktop");
+        write(inRoot("a browser"), reporter, 0755);
+        write(file, entry("DBusActivatable=true\nExec=\"" + inRoot("a browser").string() + '"'));
+        qputenv("DBUS_SESSION_BUS_ADDRESS", address);
+        const bool isStarted = Workspace().start({.name = u"Web"_s, .icon = {}, .entry = file});
+        const bool isAsked = QTest::qWaitFor([&browser] { return browser.m_asked > 0; });
+        qunsetenv("DBUS_SESSION_BUS_ADDRESS");
+        QDBusConnection::disconnectFromBus(u"browser"_s);
+        daemon.kill(); // which must not end us with it
+        QVERIFY(daemon.waitForFinished());
+        QTest::qWait(100);
+        QVERIFY(isStarted && isAsked);
+        QVERIFY(report().isEmpty());
     }
 
     void theChosenBrowserIsLaunchedFromTheFirstPlace_data()

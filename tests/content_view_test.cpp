@@ -26,6 +26,31 @@ public:
     QString m_name = u"機械&1"_s;
 };
 
+// Notes what it was asked to print.
+struct Printed {
+    PrintedText text;
+    PrintInfo info;
+    bool panel = false;
+    bool progress = false;
+};
+
+class ScriptedPrintOperation : public PrintOperation {
+public:
+    ScriptedPrintOperation(PrintedText text, PrintInfo info, QWidget *window, QList<Printed> &all)
+        : PrintOperation(std::move(text), std::move(info), window)
+        , m_all(all)
+    {
+    }
+    void runOperation(std::function<void(bool)> ended) override
+    {
+        m_all += {m_text, m_info, m_showsPrintPanel, m_showsProgressPanel};
+        ended(false);
+    }
+
+private:
+    QList<Printed> &m_all;
+};
+
 } // namespace
 
 class ContentViewTest : public QObject {
@@ -35,7 +60,16 @@ class ContentViewTest : public QObject {
     UserDefaults m_store{m_folder.filePath(u"Tarumine.conf"_s)};
     ScriptedHost m_host;
     Workspace m_workspace;
-    Surroundings m_surroundings{m_store, m_host, m_workspace, newOpenPanel};
+    QList<Printed> m_printed;
+    Surroundings m_surroundings{m_store,
+                                m_host,
+                                m_workspace,
+                                newOpenPanel,
+                                [this](PrintedText text, PrintInfo info, QWidget *window) {
+                                    return new ScriptedPrintOperation(std::move(text), std::move(info),
+                                                                      window, m_printed);
+                                },
+                                m_folder.path()};
 
     static QStringList visibleTexts(const QWidget &view)
     {
@@ -95,7 +129,7 @@ private slots:
         const QString stored = QTemporaryDir().path() + u"/none.conf"_s;
         UserDefaults empty(stored);
         empty.setInteger(6, Key::IntKeyToggle2);
-        Surroundings surroundings{empty, m_host, m_workspace, newOpenPanel};
+        Surroundings surroundings{empty, m_host, m_workspace, newOpenPanel, newPrintOperation, {}};
         ContentView given({.uString = u"代わり"_s, .sp1 = 4}, surroundings);
         QCOMPARE(given.uString.value(), u"代わり"_s);
         QCOMPARE(empty.string(Key::StringKeyPX5), std::nullopt);
@@ -158,6 +192,37 @@ private slots:
                 }
             }
         }
+    }
+
+    void thePdfIsAimedAtTheDownloads()
+    {
+        ContentView content(m_surroundings);
+        const std::unique_ptr<Frame> view(content.body());
+        view->show();
+        view->findChild<TextPane *>()->insertPlainText(u"打ったばかり。"_s);
+        for (QPushButton *button : view->findChildren<QPushButton *>()) {
+            if (button->text() == u"簡易PDF"_s)
+                button->click();
+        }
+        QCOMPARE(m_printed.size(), 1);
+        const Printed &printed = m_printed.first();
+        QCOMPARE(printed.text.string, u"打ったばかり。"_s + openingMessage());
+        QCOMPARE(printed.text.width, 550);
+        QCOMPARE(printed.info.jobSavingPath, m_folder.path() + u"/名称未設定.pdf"_s);
+        QVERIFY(printed.info.jobDisposition == PrintInfo::JobDisposition::Save);
+        QCOMPARE(printed.info.paperSize, QSizeF(595, 842));
+        for (const double margin : {printed.info.topMargin, printed.info.bottomMargin,
+                                    printed.info.leftMargin, printed.info.rightMargin})
+            QCOMPARE(margin, 20);
+        QVERIFY(!printed.info.horizontallyCentered && !printed.info.verticallyCentered);
+        QVERIFY(printed.panel && printed.progress);
+
+        const PrintInfo &shared = PrintInfo::sharedPrintInfo(); // is as it was
+        QVERIFY(shared.topMargin != 20 && shared.jobDisposition == PrintInfo::JobDisposition::Spool);
+
+        m_surroundings.downloads = m_folder.filePath(u"gone"_s);
+        content.savePDF(u"a"_s);
+        QCOMPARE(m_printed.size(), 1);
     }
 
     void theEditMenuActsOnTheText()

@@ -1,6 +1,7 @@
 #include "platform/ApplicationFolders.h"
 #include "platform/Host.h"
 #include "platform/RegularFile.h"
+#include "platform/WholeFile.h"
 
 #include <QTemporaryDir>
 #include <QTest>
@@ -36,6 +37,42 @@ private slots:
         QCOMPARE(readRegularFile(m_folder.filePath(u"link.txt"_s), 1 << 30), large);
         // This one claims to be empty.
         QVERIFY(readRegularFile(u"/proc/self/status"_s, 1 << 20).value_or(QByteArray()).contains("VmRSS"));
+    }
+
+    void aFileAppearsWholeOrNotAtAll()
+    {
+        const QDir folder(m_folder.filePath(u"whole"_s));
+        QVERIFY(folder.mkpath(u"."_s));
+        const QString path = write(u"whole/text.pdf"_s, "old");
+        QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner);
+        {
+            WholeFile given(path.toStdString());
+            QVERIFY(given.write("half", 4));
+        } // given up
+        QCOMPARE(readRegularFile(path, 100), "old");
+        QFile::link(path, folder.filePath(u"link.pdf"_s));
+        WholeFile file(folder.filePath(u"link.pdf"_s).toStdString());
+        QVERIFY(file.write("new content", 11));
+        QCOMPARE(readRegularFile(path, 100), "old");
+        QVERIFY(file.commit());
+        QCOMPARE(readRegularFile(path, 100), "new content");
+        QVERIFY(QFileInfo(folder.filePath(u"link.pdf"_s)).isSymLink());
+        QCOMPARE(QFileInfo(path).permissions() & 0x077, QFile::Permissions());
+        QCOMPARE(folder.entryList(QDir::Files | QDir::Hidden).size(), 2);
+    }
+
+    void whatCannotBecomeAFileSaysWhy()
+    {
+        QCOMPARE(WholeFile(m_folder.path().toStdString()).error(), EISDIR);
+        QCOMPARE(WholeFile(m_folder.filePath(u"gone/a.pdf"_s).toStdString()).error(), ENOENT);
+        QCOMPARE(WholeFile("/dev/null").error(), EINVAL); // a device is never replaced
+        const QDir folder(m_folder.filePath(u"vanishing"_s));
+        QVERIFY(folder.mkpath(u"."_s));
+        WholeFile file(folder.filePath(u"a.pdf"_s).toStdString());
+        QVERIFY(file.write("text", 4));
+        QVERIFY(QDir(folder).removeRecursively());
+        QVERIFY(!file.commit());
+        QVERIFY(file.error() != 0);
     }
 
     void nothingButAnOrdinaryFileIsRead_data()

@@ -78,6 +78,7 @@ class Journey(unittest.TestCase):
             for node in nodes(self.app):
                 if node.getRoleName() == role and node.name == name:
                     return node
+            self.app.clear_cache()  # which may have been filled while the window was being made
             return None
         return wait_for(accessible)
 
@@ -166,6 +167,26 @@ class Journey(unittest.TestCase):
                     and n.getState().contains(pyatspi.STATE_SHOWING)]
         return wait_for(there)[-1]
 
+    def test_the_text_becomes_a_pdf_unless_the_dialog_is_cancelled(self):
+        downloads = os.path.join(WORK, "Downloads")
+        pdf = os.path.join(downloads, "名称未設定.pdf")
+        self.press("push button", "簡易PDF")  # there is no such folder yet
+        os.makedirs(downloads)
+        keys("a", "b", "c")  # into the text
+        self.press("push button", "簡易PDF")
+        window("印刷")
+        keys("Escape")
+        wait_for(lambda: not run("xdotool", "search", "--onlyvisible", "--name", "^.*$").count("印刷"))
+        self.assertEqual(os.listdir(downloads), [])
+        self.press("push button", "簡易PDF")
+        window("印刷")
+        keys("Return")
+        wait_for(lambda: os.path.exists(pdf))
+        self.assertEqual(os.listdir(downloads), ["名称未設定.pdf"])
+        text = run("pdftotext", "-raw", pdf, "-")
+        self.assertTrue(text.startswith("abcアプリ起動後に"), text)
+        self.assertIn("595 x 842", run("pdfinfo", pdf))
+
     def test_an_event_is_kept_confirmed_and_begins_a_journey(self):
         self.shown("船🛥")
         self.press("push button", "🐱Cat")
@@ -230,6 +251,22 @@ class Journey(unittest.TestCase):
     def test_a_browser_that_is_not_there_is_said_at_once(self):
         self.press("push button", "起動")
         self.assertEqual(self.printed(), "Microsoft Edge が見つかりませんでした\n".encode())
+
+    def test_a_browser_that_starts_may_come_to_the_front(self):
+        entry = os.path.join(os.environ["XDG_DATA_HOME"], "applications", "web.desktop")
+        told = os.path.join(WORK, "told")
+        os.makedirs(os.path.dirname(entry), exist_ok=True)
+        with open(entry, "w", encoding="utf-8") as file:
+            file.write("[Desktop Entry]\nType=Application\nName=AA Web\nCategories=WebBrowser;\n"
+                       "StartupNotify=true\nExec=sh -c 'echo $DESKTOP_STARTUP_ID >>\"$0\"' " + told + "\n")
+        self.addCleanup(os.remove, entry)
+        self.tearDown()
+        self.setUp()
+        self.find("list item", "AA Web")
+        self.press("push button", "起動")
+        wait_for(lambda: os.path.exists(told) and os.path.getsize(told))
+        with open(told, encoding="utf-8") as file:
+            self.assertRegex(file.readline(), r"-web-\d+_TIME[1-9]\d*\n$")
 
     def test_it_quits_within_a_second_under_an_open_dialog(self):
         keys("ctrl+n")

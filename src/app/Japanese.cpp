@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QFont>
 #include <QFontInfo>
+#include <QHash>
 #include <QLocale>
 #include <QTranslator>
 
@@ -52,7 +53,22 @@ public:
         // These texts have moved within the toolkit, but not yet within its translation.
         if (found.isEmpty() && qstrcmp(context, "QAbstractFileIconProvider") == 0)
             return QTranslator::translate("QFileDialog", text, comment, n);
-        return found;
+        return found.isEmpty() ? ofPrintDialog(text) : found;
+    }
+
+private:
+    // And these aren't there at all.
+    static QString ofPrintDialog(const char *text)
+    {
+        static const QHash<QByteArray, QString> texts{
+            {"Pages", u"ページ指定"_s},
+            {"Advanced", u"詳細"_s},
+            {"Double Sided Printing", u"両面印刷"_s},
+            {"Off", u"しない"_s},
+            {"Long side binding", u"長辺綴じ"_s},
+            {"Short side binding", u"短辺綴じ"_s},
+        };
+        return texts.value(QByteArray::fromRawData(text, qsizetype(qstrlen(text))));
     }
 };
 

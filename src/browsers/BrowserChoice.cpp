@@ -6,8 +6,24 @@
 #include "platform/StandardOutput.h"
 
 #include <algorithm>
+#include <optional>
 
 using std::filesystem::path;
+
+namespace {
+
+std::optional<path> bundleNamed(const QString &name, const BundleFolders &folders)
+{
+    for (const path &folder : {folders.everybodys, folders.own}) {
+        const path bundle = folder.string() + '/' + FileName::bytes(name) + ".app";
+        std::error_code error;
+        if (std::filesystem::exists(bundle, error))
+            return bundle;
+    }
+    return std::nullopt;
+}
+
+} // namespace
 
 BrowserChoice::BrowserChoice(State<QStringList> &browsers, State<QString> &selectedBrowser,
                              Workspace &workspace, BundleFolders folders)
@@ -20,19 +36,28 @@ BrowserChoice::BrowserChoice(State<QStringList> &browsers, State<QString> &selec
 
 void BrowserChoice::refill()
 {
-    const auto look = [folders = m_folders, &workspace = m_workspace] {
-        std::vector<RegisteredApplication> registered = workspace.webBrowsers();
-        return Found{installedBrowsers(folders, registered), registered};
-    };
-    inBackground(this, look, [this, refill = ++m_refills](const Found &found) {
+    const auto work = [folders = m_folders, &workspace = m_workspace] { return look(folders, workspace); };
+    inBackground(this, work, [this, refill = ++m_refills](const Found &found) {
         if (refill == m_refills)
             offer(found);
     });
 }
 
+BrowserChoice::Found BrowserChoice::look(const BundleFolders &folders, const Workspace &workspace)
+{
+    Found found;
+    found.registered = workspace.webBrowsers();
+    found.names = installedBrowsers(folders, found.registered);
+    for (const QString &name : std::as_const(found.names)) {
+        if (const auto bundle = bundleNamed(name, folders))
+            found.bundleIcons.insert(name, workspace.icon(*bundle));
+    }
+    return found;
+}
+
 void BrowserChoice::offer(const Found &found)
 {
-    m_registered = found.registered;
+    m_found = found;
     m_browsers = found.names;
     m_selectedBrowser = found.names.value(0);
 }
@@ -45,20 +70,16 @@ void BrowserChoice::launch()
 
 bool BrowserChoice::openBundle()
 {
-    for (const path &folder : {m_folders.everybodys, m_folders.own}) {
-        const path bundle = folder.string() + '/' + FileName::bytes(m_selectedBrowser) + ".app";
-        std::error_code error;
-        if (std::filesystem::exists(bundle, error)) {
-            m_workspace.openBundle(bundle);
-            return true;
-        }
-    }
-    return false;
+    const auto bundle = bundleNamed(m_selectedBrowser, m_folders);
+    if (bundle)
+        m_workspace.openBundle(*bundle);
+    return bundle.has_value();
 }
 
 bool BrowserChoice::startRegistered()
 {
-    return std::any_of(m_registered.begin(), m_registered.end(), [this](const auto &application) {
+    const auto &registered = m_found.registered;
+    return std::any_of(registered.begin(), registered.end(), [this](const auto &application) {
         return isSameName(application.name, m_selectedBrowser) && m_workspace.start(application);
     });
 }
@@ -76,8 +97,12 @@ bool BrowserChoice::openPortable()
 
 QString BrowserChoice::icon(const QString &browser) const
 {
-    const auto found = std::find_if(m_registered.begin(), m_registered.end(), [&](const auto &application) {
+    QString bundles = m_found.bundleIcons.value(browser);
+    if (!bundles.isEmpty())
+        return bundles;
+    const auto &registered = m_found.registered;
+    const auto found = std::find_if(registered.begin(), registered.end(), [&](const auto &application) {
         return isSameName(application.name, browser);
     });
-    return found == m_registered.end() ? QString() : found->icon;
+    return found == registered.end() ? QString() : found->icon;
 }

@@ -4,6 +4,7 @@
 #include "platform/Workspace.h"
 #include "view/State.h"
 
+#include <QHash>
 #include <QStringList>
 
 /// Finds the browsers that a window offers, and starts the one chosen there.
@@ -20,14 +21,16 @@ public:
     /// a portable program. Prints a line when there is none.
     void launch();
 
-    /// The icon of a browser as the desktop knows it; may be empty.
+    /// The icon of a browser, its bundle's own or as the desktop knows it; may be empty.
     QString icon(const QString &browser) const;
 
 private:
     struct Found {
         QStringList names;
         std::vector<RegisteredApplication> registered;
+        QHash<QString, QString> bundleIcons; ///< by name
     };
+    static Found look(const BundleFolders &folders, const Workspace &workspace);
     void offer(const Found &found);
     bool openBundle();
     bool startRegistered();
@@ -37,6 +40,6 @@ private:
     State<QString> &m_selectedBrowser;
     Workspace &m_workspace;
     BundleFolders m_folders;
-    std::vector<RegisteredApplication> m_registered;
+    Found m_found;
     int m_refills = 0;
 };

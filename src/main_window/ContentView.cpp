@@ -9,6 +9,7 @@
 #include "play/Events.h"
 #include "play/JourneyBoard.h"
 #include "reading/OpeningMessage.h"
+#include "reading/PdfExport.h"
 #include "reading/ReadingControls.h"
 #include "reading/TextPane.h"
 #include "simulation/SimulationTask.h"
@@ -112,7 +113,11 @@ void ContentView::openText()
     m_textLoading.openText(m_columns->window());
 }
 
-void ContentView::savePDF(const QString &) { }
+void ContentView::savePDF(const QString &fileName)
+{
+    ::savePDF(fileName, text, m_surroundings.downloads, m_surroundings.newPrintOperation,
+              m_columns->window());
+}
 
 void ContentView::launchEdge()
 {

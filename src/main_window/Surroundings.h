@@ -3,6 +3,7 @@
 #include "platform/BundleFolders.h"
 #include "platform/Host.h"
 #include "platform/OpenPanel.h"
+#include "platform/PrintOperation.h"
 #include "platform/Workspace.h"
 #include "preferences/UserDefaults.h"
 
@@ -14,6 +15,8 @@ struct Surroundings {
     Host &host;
     Workspace &workspace;
     std::function<OpenPanel *(QWidget *window)> newOpenPanel;
+    std::function<PrintOperation *(PrintedText text, PrintInfo info, QWidget *window)> newPrintOperation;
+    QString downloads; // the folder
     BundleFolders bundleFolders = BundleFolders::standard();
 
     /// The real ones: this user's store, this computer, this desktop.

@@ -29,6 +29,9 @@ public:
     /// in it; opens anything else with its default application.
     virtual bool openBundle(const std::filesystem::path &bundle);
 
+    /// The file of the icon that a bundle brings along; empty when it has none. May be asked on any thread.
+    virtual QString icon(const std::filesystem::path &bundle) const;
+
     /// The web browsers registered with the desktop. May be asked on any thread.
     virtual std::vector<RegisteredApplication> webBrowsers() const;
 

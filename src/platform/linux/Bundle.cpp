@@ -36,6 +36,15 @@ std::string describedExecutable(const path &bundle)
     return {};
 }
 
+// Small enough to be shown without anybody waiting for it.
+bool isIcon(const path &file)
+{
+    constexpr uintmax_t largest = 256 << 10;
+    std::error_code error;
+    return std::filesystem::is_regular_file(file, error)
+        && std::filesystem::file_size(file, error) <= largest;
+}
+
 } // namespace
 
 std::optional<path> programOf(const path &bundle)
@@ -51,4 +60,20 @@ std::optional<path> programOf(const path &bundle)
             return candidate;
     }
     return std::nullopt;
+}
+
+std::optional<path> iconOf(const path &bundle)
+{
+    if (isIcon(bundle / ".DirIcon"))
+        return bundle / ".DirIcon";
+    std::optional<path> first;
+    std::error_code error;
+    std::filesystem::directory_iterator entries(bundle, error);
+    for (; !error && entries != std::filesystem::directory_iterator(); entries.increment(error)) {
+        const path &file = entries->path();
+        const bool isPicture = file.extension() == ".png" || file.extension() == ".svg";
+        if (isPicture && isIcon(file) && (!first || file < *first))
+            first = file;
+    }
+    return first;
 }

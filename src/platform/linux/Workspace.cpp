@@ -1,5 +1,6 @@
 #include "platform/Workspace.h"
 
+#include "platform/FileName.h"
 #include "platform/linux/Bundle.h"
 #include "platform/linux/DesktopEntries.h"
 #include "platform/linux/DetachedProgram.h"
@@ -30,6 +31,12 @@ bool Workspace::openBundle(const std::filesystem::path &bundle)
 {
     const auto program = programOf(bundle);
     return program ? startDetached({program->string()}) : openByDefault(fileUrl(bundle));
+}
+
+QString Workspace::icon(const std::filesystem::path &bundle) const
+{
+    const auto file = iconOf(bundle);
+    return file ? FileName::text(file->string()) : QString();
 }
 
 std::vector<RegisteredApplication> Workspace::webBrowsers() const

@@ -1,0 +1,162 @@
+#include "manual/ManualPages.h"
+
+#include "pdf/PageContent.h"
+#include "pdf/PdfImage.h"
+#include "typesetting/Typesetter.h"
+
+#include <QImage>
+
+#include <cstdio>
+#include <stdexcept>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr double lineSpacing = 1.15; // a manual is read from afar
+
+std::string placed(double scale, double x, double y, const std::string &drawing)
+{
+    char matrix[96];
+    std::snprintf(matrix, sizeof matrix, "q %.4f 0 0 %.4f %.3f %.3f cm\n", scale, scale, x, y);
+    return matrix + drawing + "Q\n";
+}
+
+} // namespace
+
+ManualPages::ManualPages(QPDF &document, FontList &fonts, DocumentFonts &codes, QDir pictures)
+    : m_document(document)
+    , m_fonts(fonts)
+    , m_codes(codes)
+    , m_pictures(std::move(pictures))
+    , m_y(m_format.height - m_format.top)
+{
+}
+
+ManualPages::Style ManualPages::styleOf(ManualBlock::Kind kind)
+{
+    switch (kind) {
+    case ManualBlock::Kind::Title:
+        return {.size = 26, .above = 0, .indent = 0, .keep = 100};
+    case ManualBlock::Kind::Chapter:
+        return {.size = 17, .above = 26, .indent = 0, .keep = 70};
+    case ManualBlock::Kind::Section:
+        return {.size = 12.5, .above = 14, .indent = 0, .keep = 50};
+    case ManualBlock::Kind::Item:
+        return {.size = 10.5, .above = 4, .indent = 14, .keep = 0};
+    case ManualBlock::Kind::Paragraph:
+    case ManualBlock::Kind::Picture:
+        break;
+    }
+    return {.size = 10.5, .above = 8, .indent = 0, .keep = 0};
+}
+
+void ManualPages::add(const ManualBlock &block)
+{
+    if (block.kind == ManualBlock::Kind::Picture)
+        addPicture(block.text);
+    else
+        addText(block);
+}
+
+// On a sheet without an end, beginning at its very top and left.
+Page ManualPages::set(const QString &text, double width)
+{
+    const PageFormat endless{.width = width,
+                             .height = 100'000,
+                             .top = 0,
+                             .bottom = 0,
+                             .left = 0,
+                             .right = 0,
+                             .longestLine = width};
+    Page whole;
+    const auto keep = [&](Page &&page, std::size_t) {
+        whole = std::move(page);
+        return true;
+    };
+    Typesetter(m_fonts, m_codes, endless, keep)
+        .set({reinterpret_cast<const char16_t *>(text.utf16()), std::size_t(text.size())});
+    return whole;
+}
+
+void ManualPages::addText(const ManualBlock &block)
+{
+    const Style style = styleOf(block.kind);
+    const double scale = style.size / textSize;
+    const double left = m_format.left + style.indent;
+    const Page page = set(block.text, (m_format.width - m_format.right - left) / scale);
+    const FontFile &own = *m_fonts.first();
+    const double height = (own.ascent() + own.descent() + own.lineGap()) / 1000.0 * scale * lineSpacing;
+
+    if (m_y < m_format.height - m_format.top)
+        m_y -= style.above;
+    makeRoom(height + style.keep);
+    if (block.kind == ManualBlock::Kind::Chapter)
+        m_chapters.push_back({block.text, m_contents.size(), m_y});
+    const Glyph *glyphs = page.glyphs.data();
+    for (std::size_t i = 0; i < page.lines.size(); ++i) {
+        makeRoom(height);
+        const double baseline = m_y - own.ascent() / 1000.0 * scale;
+        if (i == 0 && block.kind == ManualBlock::Kind::Item) {
+            const Page bullet = set(u"•"_s, style.indent);
+            addLine(bullet.lines.front(), bullet.glyphs.data(), m_format.left + 2, baseline, scale);
+        }
+        addLine(page.lines[i], glyphs, left, baseline, scale);
+        glyphs += page.lines[i].glyphs;
+        m_y -= height;
+    }
+}
+
+void ManualPages::addLine(const Line &line, const Glyph *glyphs, double left, double baseline, double scale)
+{
+    Page alone;
+    alone.lines.push_back({.left = line.left, .baseline = 0, .glyphs = line.glyphs});
+    alone.glyphs.assign(glyphs, glyphs + line.glyphs);
+    m_content += placed(scale, left, baseline, pageContent(alone));
+}
+
+// Half a point for each of its pixels, or as wide as the text; with a thin frame.
+void ManualPages::addPicture(const QString &name)
+{
+    const QImage image(m_pictures.filePath(name));
+    if (image.isNull())
+        throw std::runtime_error("no picture " + name.toStdString());
+    const double width = std::min(m_format.width - m_format.left - m_format.right, image.width() * 0.5);
+    const double height = width * image.height() / image.width();
+    m_y -= 10;
+    makeRoom(height);
+    m_y -= height;
+    const std::string key = "/I" + std::to_string(m_images.getKeys().size());
+    m_images.replaceKey(key, pdfImage(m_document, image, false));
+    const double x = (m_format.width - width) / 2;
+    char drawing[160];
+    std::snprintf(drawing, sizeof drawing,
+                  "q %.3f 0 0 %.3f %.3f %.3f cm %s Do Q\nq 0.75 G 0.5 w %.3f %.3f %.3f %.3f re S Q\n",
+                  width, height, x, m_y, key.c_str(), x, m_y, width, height);
+    m_content += drawing;
+    m_y -= 4;
+}
+
+void ManualPages::makeRoom(double height)
+{
+    if (m_y - height < m_format.bottom)
+        newPage();
+}
+
+void ManualPages::newPage()
+{
+    m_contents.push_back(std::exchange(m_content, {}));
+    m_y = m_format.height - m_format.top;
+}
+
+void ManualPages::finish()
+{
+    newPage();
+    for (std::size_t i = 0; i < m_contents.size(); ++i) {
+        const Page number = set(QString::number(i + 1), 40);
+        m_content.clear();
+        addLine(number.lines.front(), number.glyphs.data(), m_format.width / 2 - 3, m_format.bottom / 2,
+                0.75);
+        m_contents[i] += std::exchange(m_content, {});
+    }
+}

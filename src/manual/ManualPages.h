@@ -1,0 +1,58 @@
+#pragma once
+
+#include "manual/ManualText.h"
+#include "typesetting/FontList.h"
+#include "typesetting/Page.h"
+#include "typesetting/PageFormat.h"
+
+#include <qpdf/QPDF.hh>
+
+#include <QDir>
+
+/// Sets the blocks of the manual on pages, one below the other.
+class ManualPages {
+public:
+    struct Chapter {
+        QString title;
+        std::size_t page = 0; // from 0
+        double top = 0;       // points from the bottom of the page
+    };
+
+    ManualPages(QPDF &document, FontList &fonts, DocumentFonts &codes, QDir pictures);
+
+    void add(const ManualBlock &block);
+    /// Ends the last page, and numbers all.
+    void finish();
+
+    const std::vector<std::string> &contents() const { return m_contents; }
+    const std::vector<Chapter> &chapters() const { return m_chapters; }
+    QPDFObjectHandle images() const { return m_images; }
+    const PageFormat &format() const { return m_format; }
+
+private:
+    struct Style {
+        double size;  // points
+        double above; // room left above it, but not at the top of a page
+        double indent;
+        double keep; // room that must be left below it on the same page
+    };
+
+    static Style styleOf(ManualBlock::Kind kind);
+    Page set(const QString &text, double width);
+    void addText(const ManualBlock &block);
+    void addPicture(const QString &name);
+    void addLine(const Line &line, const Glyph *glyphs, double left, double baseline, double scale);
+    void makeRoom(double height);
+    void newPage();
+
+    QPDF &m_document;
+    FontList &m_fonts;
+    DocumentFonts &m_codes;
+    QDir m_pictures;
+    PageFormat m_format{.top = 64, .bottom = 64, .left = 64, .right = 64};
+    QPDFObjectHandle m_images = QPDFObjectHandle::newDictionary();
+    std::vector<std::string> m_contents;
+    std::vector<Chapter> m_chapters;
+    std::string m_content;
+    double m_y = 0; // of the page, from its bottom: what is above is taken
+};

@@ -1,0 +1,10 @@
+#pragma once
+
+#include "typesetting/DocumentFonts.h"
+
+#include <qpdf/QPDF.hh>
+
+/// Embeds the fonts of a document, each with the glyphs that it needs and the texts they stand for.
+/// Returns the dictionary of font resources, /F0 and on. With `grey`, pictures lose their
+/// colours.
+QPDFObjectHandle fontResources(QPDF &document, const DocumentFonts &fonts, bool grey);

@@ -1,0 +1,80 @@
+#include "printing/PrintWork.h"
+
+#include "platform/WholeFile.h"
+#include "printing/PrintQueue.h"
+
+#include <QCoreApplication>
+#include <QFile>
+
+#include <cerrno>
+
+namespace {
+
+struct Reasons {
+    Q_DECLARE_TR_FUNCTIONS(PrintWork)
+
+public:
+    static QString of(int error)
+    {
+        switch (error) {
+        case 0:
+            return tr("ページを作れませんでした。");
+        case ENOSPC:
+        case EDQUOT:
+            return tr("空き容量が足りません。");
+        case EACCES:
+        case EPERM:
+        case EROFS:
+            return tr("そこに書き込むことは許可されていません。");
+        case ENOENT:
+        case ENOTDIR:
+            return tr("保存先のフォルダがありません。");
+        case EISDIR:
+            return tr("その名前のフォルダがあります。");
+        default:
+            return qt_error_string(error);
+        }
+    }
+};
+
+PrintOutcome save(std::u16string_view text, const PdfSettings &settings, const QString &path,
+                  PdfProgress &progress)
+{
+    WholeFile file(QFile::encodeName(path).toStdString());
+    if (file.error() != 0)
+        return {PdfResult::Failed, Reasons::of(file.error())};
+    const auto output = [&](const char *bytes, std::size_t count) { return file.write(bytes, count); };
+    const PdfResult result = writeTextPdf(text, settings, output, progress);
+    if (result == PdfResult::Cancelled)
+        return {result, {}};
+    if (result == PdfResult::Written && !progress.cancelled && file.commit())
+        return {result, {}};
+    return {progress.cancelled ? PdfResult::Cancelled : PdfResult::Failed, Reasons::of(file.error())};
+}
+
+PrintOutcome spool(std::u16string_view text, const PdfSettings &settings, const PrintTarget &target,
+                   PdfProgress &progress)
+{
+    PrintQueue queue(target.queue.toStdString(), settings.title, target.options);
+    const auto output = [&](const char *bytes, std::size_t count) { return queue.write(bytes, count); };
+    const PdfResult result =
+        queue.isOpen() ? writeTextPdf(text, settings, output, progress) : PdfResult::Failed;
+    if (result == PdfResult::Written && queue.finish())
+        return {result, {}};
+    const QString reason = QString::fromStdString(queue.reason());
+    queue.cancel();
+    if (result == PdfResult::Cancelled)
+        return {result, {}};
+    return {PdfResult::Failed, reason.isEmpty() ? Reasons::of(0) : reason};
+}
+
+} // namespace
+
+PrintOutcome print(const QString &text, const PdfSettings &settings, const PrintTarget &target,
+                   PdfProgress &progress)
+{
+    const std::u16string_view view(reinterpret_cast<const char16_t *>(text.utf16()),
+                                   std::size_t(text.size()));
+    return target.queue.isEmpty() ? save(view, settings, target.file, progress)
+                                  : spool(view, settings, target, progress);
+}

@@ -1,0 +1,160 @@
+#include "printing/TextPrintOperation.h"
+
+#include "platform/Background.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QFileInfo>
+#include <QFontInfo>
+#include <QMessageBox>
+#include <QPrintDialog>
+#include <QProgressDialog>
+#include <QThreadPool>
+
+using namespace std::chrono_literals;
+
+namespace {
+
+// The toolkit's dialog begins with the default printer, if there is one; the last of its list is the file.
+void chooseFile(QPrintDialog &panel)
+{
+    if (auto *printers = panel.findChild<QComboBox *>(QStringLiteral("printers")))
+        printers->setCurrentIndex(printers->count() - 1);
+}
+
+constexpr qint64 worthShowing = 500; // milliseconds
+
+// Its own, lest a job wait for whatever else goes on in the background.
+QThreadPool *printers()
+{
+    static auto *pool = new QThreadPool; // never ended: a job may outlive the application object
+    return pool;
+}
+
+} // namespace
+
+TextPrintOperation::TextPrintOperation(PrintedText text, PrintInfo info, QWidget *window)
+    : PrintOperation(std::move(text), std::move(info), window)
+    , m_printer(std::make_unique<QPrinter>(QPrinter::HighResolution))
+{
+    preset(*m_printer, m_info);
+    m_look.setInterval(100ms);
+    connect(&m_look, &QTimer::timeout, this, &TextPrintOperation::showProgress);
+}
+
+TextPrintOperation::~TextPrintOperation()
+{
+    m_progress->cancelled = true;
+}
+
+QWidget *TextPrintOperation::window() const
+{
+    return qobject_cast<QWidget *>(parent());
+}
+
+void TextPrintOperation::runOperation(std::function<void(bool)> ended)
+{
+    m_ended = std::move(ended);
+    if (m_showsPrintPanel)
+        showPanel();
+    else
+        start();
+}
+
+void TextPrintOperation::showPanel()
+{
+    auto *panel = new QPrintDialog(m_printer.get(), window());
+    panel->setAttribute(Qt::WA_DeleteOnClose);
+    panel->setWindowModality(Qt::WindowModal);
+    panel->setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintPageRange
+                      | QAbstractPrintDialog::PrintCollateCopies | QAbstractPrintDialog::PrintShowPageSize);
+    connect(this, &QObject::destroyed, panel, &QObject::deleteLater);
+    connect(panel, &QDialog::finished, this, [this](int result) {
+        if (result == QDialog::Accepted)
+            start();
+        else
+            end(false);
+    });
+    panel->open();
+    if (m_info.jobDisposition == PrintInfo::JobDisposition::Save)
+        chooseFile(*panel);
+}
+
+void TextPrintOperation::start()
+{
+    m_target = chosenTarget(*m_printer);
+    PdfSettings settings = chosenPages(*m_printer, m_text);
+    settings.fontFamily = QFontInfo(QApplication::font()).family().toStdString();
+    settings.title = QFileInfo(m_info.jobSavingPath).completeBaseName().toStdString();
+    m_started.start();
+    if (m_showsProgressPanel)
+        m_look.start();
+    inBackground(
+        this,
+        [text = m_text.string, settings, target = m_target, progress = m_progress] {
+            return print(text, settings, target, *progress);
+        },
+        [this](const PrintOutcome &outcome) { finish(outcome); }, printers());
+}
+
+void TextPrintOperation::showProgress()
+{
+    if (!m_progressPanel && m_started.elapsed() >= worthShowing) {
+        m_progressPanel = new QProgressDialog(window());
+        m_progressPanel->setWindowModality(Qt::WindowModal);
+        m_progressPanel->setWindowTitle(tr("簡易PDF"));
+        m_progressPanel->setCancelButtonText(tr("キャンセル"));
+        m_progressPanel->setRange(0, 1000);
+        m_progressPanel->setMinimumDuration(0);
+        m_progressPanel->setAutoClose(false);
+        m_progressPanel->setAutoReset(false);
+        connect(m_progressPanel, &QProgressDialog::canceled, this,
+                [this] { m_progress->cancelled = true; });
+        m_progressPanel->open();
+    }
+    if (!m_progressPanel)
+        return;
+    const QString name = m_target.queue.isEmpty() ? QFileInfo(m_target.file).fileName() : m_target.queue;
+    m_progressPanel->setLabelText(
+        tr("「%1」を書き出しています… %L2 ページ").arg(name).arg(m_progress->pages.load()));
+    m_progressPanel->setValue(int(m_progress->share.load() * 1000));
+}
+
+void TextPrintOperation::finish(const PrintOutcome &outcome)
+{
+    m_look.stop();
+    delete m_progressPanel;
+    if (outcome.result == PdfResult::Failed)
+        showFailure(outcome.reason);
+    else
+        end(outcome.result == PdfResult::Written);
+}
+
+void TextPrintOperation::showFailure(const QString &reason)
+{
+    const QString what = m_target.queue.isEmpty()
+        ? tr("「%1」を保存できませんでした。").arg(QFileInfo(m_target.file).fileName())
+        : tr("「%1」に印刷できませんでした。").arg(m_target.queue);
+    auto *message =
+        new QMessageBox(QMessageBox::Warning, QStringLiteral("Tarumine"), what, QMessageBox::Ok, window());
+    message->setTextFormat(Qt::PlainText);
+    message->setInformativeText(reason);
+    message->setAttribute(Qt::WA_DeleteOnClose);
+    message->setWindowModality(Qt::WindowModal);
+    connect(message, &QDialog::finished, this, [this] { end(false); });
+    message->open();
+}
+
+void TextPrintOperation::end(bool success)
+{
+    const auto ended = std::exchange(m_ended, nullptr);
+    deleteLater();
+    if (ended)
+        ended(success);
+}
+
+extern "C" Q_DECL_EXPORT PrintOperation *makePrintOperation(PrintedText &&text, PrintInfo &&info,
+                                                            QWidget *window)
+{
+    return new TextPrintOperation(std::move(text), std::move(info), window);
+}

@@ -1,0 +1,111 @@
+#include "typesetting/FontFile.h"
+
+#include <ft2build.h>
+#include FT_FREETYPE_H
+#include FT_CID_H
+#include <hb-ot.h>
+
+#include <optional>
+
+namespace {
+
+bool hasTable(hb_face_t *face, const char *name)
+{
+    const HarfBuzz<hb_blob_t> table(hb_face_reference_table(face, hb_tag_from_string(name, 4)));
+    return hb_blob_get_length(table.get()) > 0;
+}
+
+std::optional<FontFile::Glyphs> kindOfGlyphs(hb_face_t *face)
+{
+    if (hb_ot_color_has_png(face))
+        return FontFile::Glyphs::Pictures;
+    if (hasTable(face, "CFF "))
+        return FontFile::Glyphs::PostScript;
+    if (hasTable(face, "glyf"))
+        return FontFile::Glyphs::TrueType;
+    return {};
+}
+
+} // namespace
+
+// Each with a library of its own, because a library is no matter for several threads.
+struct FontFile::CharacterKeys {
+    CharacterKeys(const std::string &path, unsigned index)
+    {
+        if (FT_Init_FreeType(&library) == 0)
+            FT_New_Face(library, path.c_str(), FT_Long(index), &face);
+    }
+    ~CharacterKeys()
+    {
+        FT_Done_Face(face);
+        FT_Done_FreeType(library);
+    }
+    CharacterKeys(const CharacterKeys &) = delete;
+    CharacterKeys &operator=(const CharacterKeys &) = delete;
+
+    FT_Library library = nullptr;
+    FT_Face face = nullptr;
+};
+
+std::unique_ptr<FontFile> FontFile::open(const std::string &path, unsigned index)
+{
+    const HarfBuzz<hb_blob_t> file(hb_blob_create_from_file_or_fail(path.c_str()));
+    if (!file)
+        return {};
+    HarfBuzz<hb_face_t> face(hb_face_create(file.get(), index));
+    const auto glyphs = kindOfGlyphs(face.get());
+    if (!glyphs || hb_face_get_glyph_count(face.get()) == 0)
+        return {};
+    std::unique_ptr<FontFile> opened(new FontFile(std::move(face), *glyphs));
+    if (*glyphs == Glyphs::PostScript)
+        opened->openCharacterKeys(path, index);
+    return opened;
+}
+
+FontFile::FontFile(HarfBuzz<hb_face_t> face, Glyphs glyphs)
+    : m_face(std::move(face))
+    , m_font(hb_font_create(m_face.get()))
+    , m_glyphs(glyphs)
+{
+    const int scale = int(textSize * 1000);
+    hb_font_set_scale(font(), scale, scale);
+    hb_font_extents_t extents{};
+    hb_font_get_h_extents(font(), &extents);
+    m_ascent = extents.ascender;
+    m_descent = -extents.descender;
+    m_lineGap = extents.line_gap;
+}
+
+FontFile::~FontFile() = default;
+
+void FontFile::openCharacterKeys(const std::string &path, unsigned index)
+{
+    auto keys = std::make_unique<CharacterKeys>(path, index);
+    FT_Bool keyed = false;
+    if (keys->face && FT_Get_CID_Is_Internally_CID_Keyed(keys->face, &keyed) == 0 && keyed)
+        m_characterKeys = std::move(keys);
+}
+
+bool FontFile::isKeyedByCharacter() const
+{
+    return m_characterKeys != nullptr;
+}
+
+std::uint16_t FontFile::code(hb_codepoint_t glyph) const
+{
+    FT_UInt character = glyph;
+    if (m_characterKeys)
+        FT_Get_CID_From_Glyph_Index(m_characterKeys->face, glyph, &character);
+    return std::uint16_t(character);
+}
+
+bool FontFile::covers(char32_t character) const
+{
+    hb_codepoint_t glyph = 0;
+    return hb_font_get_nominal_glyph(font(), character, &glyph) && glyph != 0;
+}
+
+Millipoints FontFile::advance(hb_codepoint_t glyph) const
+{
+    return hb_font_get_glyph_h_advance(font(), glyph);
+}

@@ -1,0 +1,63 @@
+#pragma once
+
+#include <hb.h>
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+/// Lengths in text are whole thousandths of a point.
+using Millipoints = std::int32_t;
+
+constexpr double textSize = 12.0; // points: the size at which everything is set
+
+struct FreeHarfBuzz {
+    void operator()(hb_face_t *face) const { hb_face_destroy(face); }
+    void operator()(hb_font_t *font) const { hb_font_destroy(font); }
+    void operator()(hb_buffer_t *buffer) const { hb_buffer_destroy(buffer); }
+    void operator()(hb_blob_t *blob) const { hb_blob_destroy(blob); }
+    void operator()(hb_set_t *set) const { hb_set_destroy(set); }
+};
+template <class T> using HarfBuzz = std::unique_ptr<T, FreeHarfBuzz>;
+
+/// One face of a font file, at the size of the text.
+class FontFile {
+public:
+    /// Nothing when the file can't be read, or holds no glyphs that can go into a document.
+    static std::unique_ptr<FontFile> open(const std::string &path, unsigned index);
+
+    ~FontFile();
+
+    hb_face_t *face() const { return m_face.get(); }
+    hb_font_t *font() const { return m_font.get(); }
+
+    enum class Glyphs { TrueType, PostScript, Pictures };
+    Glyphs glyphs() const { return m_glyphs; }
+
+    bool covers(char32_t character) const;
+
+    /// The number by which an embedded font knows the glyph.
+    std::uint16_t code(hb_codepoint_t glyph) const;
+    /// Whether that is the number of a character in a collection, not the glyph's own.
+    bool isKeyedByCharacter() const;
+
+    Millipoints advance(hb_codepoint_t glyph) const;
+
+    Millipoints ascent() const { return m_ascent; }   // above the baseline
+    Millipoints descent() const { return m_descent; } // below it, a positive length
+    Millipoints lineGap() const { return m_lineGap; }
+
+private:
+    FontFile(HarfBuzz<hb_face_t> face, Glyphs glyphs);
+    void openCharacterKeys(const std::string &path, unsigned index);
+
+    struct CharacterKeys;
+
+    HarfBuzz<hb_face_t> m_face;
+    HarfBuzz<hb_font_t> m_font;
+    std::unique_ptr<CharacterKeys> m_characterKeys; // where glyphs are known by them
+    Glyphs m_glyphs;
+    Millipoints m_ascent = 0;
+    Millipoints m_descent = 0;
+    Millipoints m_lineGap = 0;
+};

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "typesetting/DocumentFonts.h"
+
+#include <vector>
+
+/// A glyph in its line: where it differs from following its predecessor by that one's own advance.
+struct Glyph {
+    GlyphCode code;
+    Millipoints excess = 0; // what its advance differs from its font's
+    Millipoints right = 0;  // drawn this much to the right of its place
+    Millipoints up = 0;     // and this much above it
+};
+
+/// Glyphs from left to right.
+struct Line {
+    Millipoints left = 0;     // of the sheet
+    Millipoints baseline = 0; // from the bottom of the sheet
+    std::size_t glyphs = 0;   // how many of the page's follow
+};
+
+struct Page {
+    std::vector<Line> lines;
+    std::vector<Glyph> glyphs;
+};

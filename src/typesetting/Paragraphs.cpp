@@ -1,0 +1,70 @@
+#include "typesetting/Paragraphs.h"
+
+namespace {
+
+bool endsParagraph(char16_t c)
+{
+    return (c >= u'\n' && c <= u'\r') || c == 0x85 || c == 0x2028 || c == 0x2029;
+}
+
+// Hebrew to Arabic and its kin, their presentation forms, the planes with more of them (by their first
+// surrogates), and the characters that order a direction.
+bool mayRunLeft(char16_t c)
+{
+    return (c >= 0x590 && c < 0x900) || (c >= 0xfb1d && c <= 0xfeff) || (c >= 0xd802 && c <= 0xd803)
+        || (c >= 0xd83a && c <= 0xd83b) || c == 0x200f || (c >= 0x202a && c <= 0x202e)
+        || (c >= 0x2066 && c <= 0x2069);
+}
+
+} // namespace
+
+Paragraph paragraphAt(std::u16string_view text, std::size_t from)
+{
+    Paragraph paragraph;
+    std::size_t end = from;
+    for (; end < text.size() && !endsParagraph(text[end]); ++end)
+        paragraph.maybeRightToLeft = paragraph.maybeRightToLeft || mayRunLeft(text[end]);
+    paragraph.text = text.substr(from, end - from);
+    paragraph.next = end;
+    if (end < text.size()) {
+        const bool pair = text[end] == u'\r' && end + 1 < text.size() && text[end + 1] == u'\n';
+        paragraph.next += pair ? 2 : 1;
+        paragraph.endsPage = text[end] == u'\f';
+    }
+    return paragraph;
+}
+
+void Directions::setParagraph(const Paragraph &paragraph)
+{
+    m_levels = nullptr;
+    m_base = 0;
+    m_length = paragraph.text.size();
+    if (!paragraph.maybeRightToLeft)
+        return;
+    if (!m_bidi)
+        m_bidi.reset(ubidi_open());
+    UErrorCode error = U_ZERO_ERROR;
+    ubidi_setPara(m_bidi.get(), paragraph.text.data(), std::int32_t(m_length), UBIDI_DEFAULT_LTR, nullptr,
+                  &error);
+    m_levels = ubidi_getLevels(m_bidi.get(), &error);
+    m_base = U_SUCCESS(error) ? ubidi_getParaLevel(m_bidi.get()) : 0;
+    if (U_FAILURE(error))
+        m_levels = nullptr;
+}
+
+std::size_t Directions::endOfRun(std::size_t unit) const
+{
+    if (!m_levels)
+        return m_length;
+    std::size_t end = unit;
+    while (end < m_length && m_levels[end] == m_levels[unit])
+        ++end;
+    return end;
+}
+
+std::vector<std::int32_t> Directions::visualOrder(const std::vector<UBiDiLevel> &levels)
+{
+    std::vector<std::int32_t> order(levels.size());
+    ubidi_reorderVisual(levels.data(), std::int32_t(levels.size()), order.data());
+    return order;
+}

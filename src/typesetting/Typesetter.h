@@ -1,0 +1,62 @@
+#pragma once
+
+#include "typesetting/LineBreaks.h"
+#include "typesetting/PageFormat.h"
+#include "typesetting/Paragraphs.h"
+#include "typesetting/Shaper.h"
+
+#include <functional>
+
+/// Sets a text in lines and fills pages with them, one after the other; what it keeps does not grow
+/// with the text.
+class Typesetter {
+public:
+    /// Takes each page as soon as it is full, and how far into the text it reaches (units); false ends
+    /// the work.
+    using Sink = std::function<bool(Page &&page, std::size_t done)>;
+
+    /// `fonts` must have a first one.
+    Typesetter(FontList &fonts, DocumentFonts &codes, const PageFormat &format, Sink sink);
+
+    /// An empty text makes an empty page. False when the sink has ended it.
+    bool set(std::u16string_view text);
+
+private:
+    struct Extent {
+        Millipoints ascent = 0;
+        Millipoints descent = 0;
+    };
+
+    bool setParagraph(const Paragraph &paragraph);
+    bool fillLine(const Paragraph &paragraph);
+    void measureTab(Cell &cell, Glyph &glyph, Millipoints x) const;
+    std::size_t breakBefore(std::size_t overflowing, std::size_t at);
+    bool placeLine(std::size_t cells);
+    void placeCells(std::size_t cells, Line &line);
+    void placeInVisualOrder(std::size_t cells);
+    Extent extentOf(std::size_t cells) const;
+    void forgetPlaced();
+    bool finishPage();
+
+    Shaper m_shaper;
+    LineBreaks m_breaks;
+    Directions m_directions;
+    PageFormat m_format;
+    Sink m_sink;
+    const FontFile &m_ownFont;
+    Millipoints m_lineWidth;
+    Millipoints m_textHeight;
+
+    // Shaped, but not placed yet: from m_first on.
+    Cells m_pending;
+    std::size_t m_first = 0;
+    std::size_t m_firstGlyph = 0;
+    std::size_t m_lineStart = 0; // the units of the paragraph where that begins
+    std::size_t m_shaped = 0;    // and where it ends
+    std::size_t m_runEnd = 0;
+
+    Page m_page;
+    bool m_anyPage = false;
+    Millipoints m_used = 0; // of the page's height
+    std::size_t m_done = 0; // units of the text
+};

@@ -1,0 +1,178 @@
+#include "pdf/TextPdf.h"
+
+#include <QProcess>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+// What is in the documents is asked of a reader that has nothing in common with their maker.
+class PdfTest : public QObject {
+    Q_OBJECT
+
+    QTemporaryDir m_folder;
+    QString m_file = m_folder.filePath(u"text.pdf"_s);
+    PdfProgress m_progress;
+
+    PdfResult write(const QString &text, const PdfSettings &settings = {})
+    {
+        QFile file(m_file);
+        if (!file.open(QIODevice::WriteOnly))
+            return PdfResult::Failed;
+        const auto output = [&](const char *bytes, std::size_t count) {
+            return file.write(bytes, qint64(count)) == qint64(count);
+        };
+        m_progress.pages = 0;
+        return writeTextPdf({reinterpret_cast<const char16_t *>(text.utf16()), std::size_t(text.size())},
+                            settings, output, m_progress);
+    }
+
+    QString read(const QStringList &how) const
+    {
+        QProcess reader;
+        reader.start(u"pdftotext"_s, how + QStringList{m_file, u"-"_s});
+        reader.waitForFinished();
+        return reader.exitCode() == 0 ? QString::fromUtf8(reader.readAllStandardOutput()) : QString();
+    }
+
+    // The reader folds blanks, and ends lines where the page does.
+    static QString withoutBlanks(QString text)
+    {
+        static const QRegularExpression blanks(u"\\s+"_s, QRegularExpression::UseUnicodePropertiesOption);
+        return text.remove(blanks);
+    }
+
+    static QString prose()
+    {
+        QString text;
+        for (int i = 0; i < 60; ++i)
+            text +=
+                u"「東京」（とうきょう）は、日本の首都です。ええっ、ほんとうですか？ジャーン！「はい」……%1。"_s
+                    .arg(i * i * i);
+        return text;
+    }
+
+private slots:
+    void textComesOutAsItWentIn_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::newRow("prose with brackets, small kana and ideographic spaces") << prose();
+        QTest::newRow("full and half width, compatibility characters")
+            << u"ＡＢＣ　ｱﾊﾟｰﾄ ①㈱㎏℃ 髙﨑 〜～ −－ ‥…—"_s;
+        QTest::newRow("characters that look the same and share a glyph") << u"日⽇文⽂一⼀ KK ΩΩ"_s;
+        QTest::newRow("kerning and ligatures") << u"AVATAR office ffl fi To We ‘L’été’ naïve"_s;
+        QTest::newRow("marks, variants, syllables made of parts")
+            << u"か\u309aき\u309a e\u0301 葛\U000e0100飾 \u1112\u1161\u11ab 각"_s;
+        QTest::newRow("emoji of one and of several characters")
+            << u"😀🎉👨‍👩‍👧🇯🇵🇺🇸👍🏽1️⃣❤️☺🏳️‍🌈"_s;
+        QTest::newRow("an emoji in the middle of words") << u"note2️⃣self 猫🐈‍⬛黒"_s;
+        QTest::newRow("parentheses, backslashes, and codes that would be line ends")
+            << u"(a\\(b)\\n) čĊ ഊ"_s;
+        QTest::newRow("nothing to be seen") << u"a\u200bb\u00adc\ufeffd\u2060e"_s;
+        QString rare;
+        for (char32_t c = 0xf0000; c < 0xf0600; ++c)
+            rare += QString::fromUcs4(&c, 1);
+        QTest::newRow("characters that no font has") << rare;
+        QTest::newRow("a word without an end") << u"abc"_s.repeated(20'000);
+    }
+    void textComesOutAsItWentIn()
+    {
+        QFETCH(const QString, text);
+        QCOMPARE(write(text), PdfResult::Written);
+        QCOMPARE(withoutBlanks(read({u"-raw"_s})), withoutBlanks(text));
+        QCOMPARE(withoutBlanks(read({})), withoutBlanks(text)); // in the order of reading, too
+    }
+
+    void whatIsNoCharacterHarmsNothing()
+    {
+        QString text = u"a\u0001b\u007fc\ufffe"_s + QChar(0xd800) + u"d\v e\u0085f"_s;
+        text.insert(2, QChar(0));
+        QCOMPARE(write(text), PdfResult::Written);
+        const QString out = read({u"-raw"_s});
+        for (const QChar letter : u"abcdef"_s)
+            QVERIFY2(out.contains(letter), qPrintable(out));
+    }
+
+    void linesKeepTheirPlaceAndJapaneseRules()
+    {
+        QCOMPARE(write(prose() + u"\n"_s + u"x"_s.repeated(2000)), PdfResult::Written);
+        const QString noBegin = u"、。」）？！ーっゃゅょァィ…"_s;
+        const QString noEnd = u"「（"_s;
+        for (const QString &line : read({u"-raw"_s}).split(u'\n', Qt::SkipEmptyParts)) {
+            const QString text = line.trimmed();
+            QVERIFY2(text.isEmpty() || !noBegin.contains(text.front()), qPrintable(line));
+            QVERIFY2(text.isEmpty() || !noEnd.contains(text.back()), qPrintable(line));
+        }
+        static const QRegularExpression box(
+            u"<word xMin=\"([^\"]+)\" yMin=\"([^\"]+)\" xMax=\"([^\"]+)\" yMax=\"([^\"]+)\""_s);
+        int words = 0;
+        for (auto all = box.globalMatch(read({u"-bbox"_s})); all.hasNext(); ++words) {
+            const auto word = all.next();
+            QVERIFY(word.captured(1).toDouble() >= 20 && word.captured(3).toDouble() <= 570.01);
+            QVERIFY(word.captured(2).toDouble() >= 20 && word.captured(4).toDouble() <= 822);
+        }
+        QVERIFY(words > 50);
+    }
+
+    void pagesAreTheOnesAskedFor_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<int>("copies");
+        QTest::addColumn<bool>("collated");
+        QTest::addColumn<bool>("lastFirst");
+        QTest::addColumn<int>("from");
+        QTest::addColumn<QString>("expected");
+        QTest::newRow("an empty text is an empty page") << QString() << 1 << true << false << 1 << u"|"_s;
+        QTest::newRow("a form feed begins a page")
+            << u"a\fb\f\fc"_s << 1 << true << false << 1 << u"a|b||c|"_s;
+        QTest::newRow("a page of their own for two lines")
+            << u"a\nb\n"_s << 1 << true << false << 1 << u"ab|"_s;
+        QTest::newRow("copies, one after the other")
+            << u"a\fb"_s << 2 << true << false << 1 << u"a|b|a|b|"_s;
+        QTest::newRow("copies, page by page") << u"a\fb"_s << 2 << false << false << 1 << u"a|a|b|b|"_s;
+        QTest::newRow("the last page first") << u"a\fb\fc"_s << 1 << true << true << 1 << u"c|b|a|"_s;
+        QTest::newRow("from the second page on") << u"a\fb\fc"_s << 1 << true << false << 2 << u"b|c|"_s;
+    }
+    void pagesAreTheOnesAskedFor()
+    {
+        QFETCH(const QString, text);
+        QFETCH(const int, copies);
+        QFETCH(const bool, collated);
+        QFETCH(const bool, lastFirst);
+        QFETCH(const int, from);
+        PdfSettings settings{.copies = copies, .collated = collated, .lastFirst = lastFirst};
+        settings.wants = [from](int page) { return page >= from; };
+        QCOMPARE(write(text, settings), PdfResult::Written);
+        QTEST(withoutBlanks(read({u"-raw"_s}).replace(u'\f', u'|')), "expected");
+    }
+
+    void aNarrowSheetGetsNarrowLines()
+    {
+        PdfSettings settings;
+        settings.format.width = 200;
+        QCOMPARE(write(prose(), settings), PdfResult::Written);
+        const QString firstLine = read({u"-raw"_s}).section(u'\n', 0, 0);
+        QVERIFY2(firstLine.size() >= 11 && firstLine.size() <= 13, qPrintable(firstLine)); // 160 points
+    }
+
+    void workEndsWhenItIsCancelledOrNothingIsTaken()
+    {
+        const std::u16string text(2'000'000, u'あ');
+        PdfProgress progress;
+        progress.cancelled = true;
+        std::size_t taken = 0;
+        const auto count = [&](const char *, std::size_t more) {
+            taken += more;
+            return taken < 100;
+        };
+        QCOMPARE(writeTextPdf(text, {}, count, progress), PdfResult::Cancelled);
+        QCOMPARE(taken, 0u);
+        QCOMPARE(progress.pages.load(), 1);
+        progress.cancelled = false;
+        QCOMPARE(writeTextPdf(text.substr(0, 1000), {}, count, progress), PdfResult::Failed);
+    }
+};
+
+QTEST_GUILESS_MAIN(PdfTest)
+#include "pdf_test.moc"
