@@ -13,8 +13,6 @@ private slots:
         QTest::addColumn<QByteArray>("hex");
         QTest::addColumn<QString>("text");
         QTest::newRow("nothing") << QByteArray("") << QString(u""_s);
-        QTest::newRow("a mark further in") << QByteArray("e78cabefbbbf") << u"猫\ufeff"_s;
-        QTest::newRow("U+FFFD itself") << QByteArray("efbfbd") << u"\ufffd"_s;
         QTest::newRow("UTF-8 with its mark") << QByteArray("efbbbfe69c9d") << u"朝"_s;
         QTest::newRow("UTF-8 with a stray zero")
             << QByteArray("e69c9de381ae00e8a898e98cb2") << u"朝の\0記録"_s;
@@ -29,35 +27,20 @@ private slots:
         QTest::newRow("ISO-2022-JP") << QByteArray(
             "1b2442442b21224c5c242c33502461243f244e2447416b2472332b2431243f21231b2842")
                                      << u"朝、目が覚めたので窓を開けた。"_s;
-        QTest::newRow("UTF-16 with its mark") << QByteArray("fffe1d676e30a898") << u"朝の風"_s;
         QTest::newRow("UTF-16 without") << QByteArray("671d306e98a8306f000a") << u"朝の風は\n"_s;
-        QTest::newRow("UTF-32 without a mark") << QByteArray("1d6700006e300000a8980000") << u"朝の風"_s;
         QTest::newRow("half-width kana")
             << QByteArray("c3deb0c020a620cebfdedd20bccfbcc0") << u"ﾃﾞｰﾀ ｦ ﾎｿﾞﾝ ｼﾏｼﾀ"_s;
         QTest::newRow("a vendor's additions to the standard")
             << QByteArray("8740878aeee0ed9582b382f182cc8782825681608756") << u"①㈱髙﨑さんの№７～Ⅲ"_s;
         QTest::newRow("characters with two names")
             << QByteArray("8be38e9e81608cdc8e9e8141817c82529378") << u"九時〜五時、−３度"_s;
-        QTest::newRow("every kind of line end")
-            << QByteArray("c4ab0d0ac3eb0dcceb0a") << u"朝\r\n昼\r夜\n"_s;
         QTest::newRow("simplified Chinese")
             << QByteArray("c7ebcfc8b1a3b4e6cec4bcfea3acc8bbbaf3d6d8d0c2c6f4b6afb3ccd0f2a1a3")
             << u"请先保存文件，然后重新启动程序。"_s;
-        QTest::newRow("traditional Chinese")
-            << QByteArray("bdd0a5fdc078a673c0c9aed7a141b54dabe1adabb773b1d2b0cab57ba6a1a143")
-            << u"請先儲存檔案，然後重新啟動程式。"_s;
-        QTest::newRow("Korean") << QByteArray(
-            "c6c4c0cfc0bb20c0fac0e5c7d120b4d9c0bd20b4d9bdc320bdc3c0dbc7cfbdcabdc3bfc02e")
-                                << u"파일을 저장한 다음 다시 시작하십시오."_s;
         QTest::newRow("Russian, told by its small letters")
             << QByteArray("f3cfc8d2c1cec9d4c520c6c1cacc20c5dda320d2c1da2e") << u"Сохраните файл ещё раз."_s;
-        QTest::newRow("the same with the letters elsewhere")
-            << QByteArray("d1eef5f0e0ede8f2e520f4e0e9eb20e5f9b820f0e0e72e") << u"Сохраните файл ещё раз."_s;
         QTest::newRow("French") << QByteArray("4c65206368e274656175206ff9206c92e974e9207392616368e87665")
                                 << u"Le château où l’été s’achève"_s;
-        QTest::newRow("Polish") << QByteArray(
-            "50726f737aea207a6170697361e620706c696b2e20aff3b3746120b3f3649f2e")
-                                << u"Proszę zapisać plik. Żółta łódź."_s;
     }
     void aTextIsDecodedWhateverItsEncoding()
     {

@@ -75,8 +75,7 @@ private slots:
         QTextCursor(m_text.document()).insertText(u"x"_s);
         QVERIFY(m_text.value() == u'x' + lines);
         m_text.document()->undo();
-        QVERIFY(m_text.value() == lines);
-        QVERIFY(!m_text.document()->isUndoAvailable());
+        QVERIFY(m_text.value() == lines && !m_text.document()->isUndoAvailable());
         for (QTextBlock block = m_text.document()->begin(); block.isValid(); block = block.next())
             QVERIFY(block.length() < 1500);
     }
@@ -123,6 +122,7 @@ private slots:
         QTest::keyClick(&pane, Qt::Key_X);
         QCOMPARE(m_text.value(), line.left(2000) + u'x' + line.mid(2000));
         pane.undo();
+        QCOMPARE(document.lineAround(seam + 9).selectionEnd(), document.characterCount() - 1);
         pane.selectAll();
         const std::unique_ptr<QMimeData> copied(pane.createMimeDataFromSelection());
         QCOMPARE(copied->text(), line);
@@ -133,6 +133,19 @@ private slots:
         QVERIFY(document.blockCount() > 4);
         pane.undo();
         QCOMPARE(m_text.value(), u"前後"_s);
+    }
+
+    void aThirdClickSelectsALine()
+    {
+        Pane pane(m_text, m_size);
+        pane.resize(600, 300);
+        pane.show();
+        enter(u"一行の文\n"_s.repeated(60'000));
+        const QPoint second = pane.cursorRect().center() + QPoint(8, pane.cursorRect().height());
+        QTest::mouseDClick(pane.viewport(), Qt::LeftButton, {}, second);
+        QTest::mouseClick(pane.viewport(), Qt::LeftButton, {}, second);
+        QCOMPARE(pane.textCursor().selectionStart(), 5);
+        QCOMPARE(pane.textCursor().selectionEnd(), 10);
     }
 
     void anotherTextStopsTheOneThatIsEntering()

@@ -117,6 +117,28 @@ int PiecedDocument::acrossSeamForward(int position) const
                                                                                    : position;
 }
 
+QTextCursor PiecedDocument::lineAround(int position) const
+{
+    QTextBlock first = findBlock(position), last = first;
+    const QChar between = m_shape.sharing ? QChar(QChar::LineSeparator) : QChar(QChar::ParagraphSeparator);
+    const int at = position - first.position();
+    auto start = at > 0 ? first.text().lastIndexOf(between, at - 1) : -1;
+    while (start < 0 && isSeamBefore(first)) {
+        first = first.previous();
+        start = first.text().lastIndexOf(between);
+    }
+    auto end = last.text().indexOf(between, at);
+    while (end < 0 && isSeamBefore(last.next())) {
+        last = last.next();
+        end = last.text().indexOf(between);
+    }
+    QTextCursor line(const_cast<PiecedDocument *>(this));
+    line.setPosition(first.position() + int(start) + 1);
+    line.setPosition(last.position() + int(end < 0 ? last.length() - 1 : end), QTextCursor::KeepAnchor);
+    line.movePosition(QTextCursor::NextCharacter, QTextCursor::KeepAnchor);
+    return line;
+}
+
 int PiecedDocument::offsetOf(int position) const
 {
     int seams = 0;

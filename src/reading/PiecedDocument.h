@@ -34,6 +34,9 @@ public:
     int acrossSeamBackward(int position) const;
     int acrossSeamForward(int position) const;
 
+    /// Selects the line of the text that is around a position, and its end.
+    QTextCursor lineAround(int position) const;
+
     /// How many characters of the text stand before a position, and the position behind so many.
     int offsetOf(int position) const;
     int positionOf(int offset) const;

@@ -15,12 +15,11 @@ constexpr qint64 sliceTime = 6; // milliseconds, so that with what follows from 
 constexpr int slicesSeen = 16; // of so many one is followed by the scroll bar
 
 // Giving back some hundred megabytes takes a while.
-void letGo(QString &&text)
+void letGo(QString text)
 {
     constexpr qsizetype large = 4 << 20;
     if (text.size() > large)
         QThreadPool::globalInstance()->start([gone = std::move(text)] {});
-    text.clear();
 }
 
 } // namespace

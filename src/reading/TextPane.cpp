@@ -8,6 +8,7 @@
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QScrollBar>
+#include <QTextBlock>
 
 #include <algorithm>
 #include <initializer_list>
@@ -110,4 +111,24 @@ void TextPane::keyPressEvent(QKeyEvent *event)
         stepAcrossSeam(*event);
         QPlainTextEdit::keyPressEvent(event);
     }
+}
+
+// A third click selects a block, and shows its end; what is meant is a line of the text.
+void TextPane::mousePressEvent(QMouseEvent *event)
+{
+    const QTextCursor before = textCursor();
+    const int clicked = cursorForPosition(event->pos()).position();
+    const int scrolled = verticalScrollBar()->value();
+    QPlainTextEdit::mousePressEvent(event);
+    const QTextCursor now = textCursor();
+    const QTextBlock block = m_document.findBlock(now.selectionStart());
+    const bool isBlock = now.hasSelection() && now.selectionStart() == block.position()
+        && now.selectionEnd() >= block.position() + block.length() - 1;
+    // One that was there before is about to be dragged or extended.
+    const bool isNew =
+        before.selectionStart() != now.selectionStart() || before.selectionEnd() != now.selectionEnd();
+    if (!isBlock || !isNew || (event->modifiers() & Qt::ShiftModifier))
+        return;
+    setTextCursor(m_document.lineAround(clicked));
+    verticalScrollBar()->setValue(scrolled);
 }

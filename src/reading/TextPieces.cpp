@@ -11,7 +11,7 @@ constexpr qsizetype manyLines = 50'000;
 // What walks over all blocks, like a change of the font, must stay within a frame or two.
 constexpr qsizetype mostBlocks = 150'000;
 constexpr qsizetype largeText = 16 << 20;
-constexpr qsizetype leastShared = 200;
+constexpr qsizetype leastShared = 100;
 
 // A document ends a paragraph at each of these, and gives all of them back as one and the same.
 constexpr char16_t losing[] = {u'\r', QChar::ParagraphSeparator, u'\ufdd0', u'\ufdd1'};
@@ -82,7 +82,7 @@ TextPieces::Piece TextPieces::take(qsizetype to, qsizetype next, End end)
 
 TextPieces::Piece TextPieces::next()
 {
-    const qsizetype longest = m_shape.seam + 300;
+    const qsizetype longest = m_shape.seam + 100;
     qsizetype line = m_from;    // where the present line begins
     qsizetype lineEnd = m_from; // where the one before it ended
     for (qsizetype i = m_from; i < m_text.size();) {

@@ -17,7 +17,7 @@ public:
     struct Shape {
         bool sharing = false;       // lines share blocks, U+2028 between them
         qsizetype block = 16 << 10; // characters that go into the document at once, or into a shared block
-        qsizetype seam = 450;       // characters from seam to seam
+        qsizetype seam = 200;       // characters from seam to seam
         bool losesItself = false;   // a document can't give the text back as it is
         bool keepsWhole = false;    // what was assigned is worth keeping beside the document
     };
