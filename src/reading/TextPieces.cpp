@@ -12,6 +12,8 @@ constexpr qsizetype manyLines = 50'000;
 constexpr qsizetype mostBlocks = 150'000;
 constexpr qsizetype largeText = 16 << 20;
 constexpr qsizetype leastShared = 100;
+// No paragraph that a person has written is cut: where a seam is, a line on the screen may end early.
+constexpr qsizetype longLine = 2000;
 
 // A document ends a paragraph at each of these, and gives all of them back as one and the same.
 constexpr char16_t losing[] = {u'\r', QChar::ParagraphSeparator, u'\ufdd0', u'\ufdd1'};
@@ -76,13 +78,14 @@ TextPieces::Piece TextPieces::take(qsizetype to, qsizetype next, End end)
 {
     const Piece piece{m_text.sliced(m_from, to - m_from), end};
     m_from = next;
+    m_inLongLine = end == End::Seam;
     m_done = end == End::Text;
     return piece;
 }
 
 TextPieces::Piece TextPieces::next()
 {
-    const qsizetype longest = m_shape.seam + 100;
+    const qsizetype longest = m_inLongLine ? m_shape.seam + 100 : std::max(m_shape.seam + 100, longLine);
     qsizetype line = m_from;    // where the present line begins
     qsizetype lineEnd = m_from; // where the one before it ended
     for (qsizetype i = m_from; i < m_text.size();) {

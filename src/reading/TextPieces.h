@@ -42,5 +42,6 @@ private:
     QStringView m_text;
     Shape m_shape;
     qsizetype m_from = 0;
+    bool m_inLongLine = false;
     bool m_done = true;
 };
