@@ -237,7 +237,8 @@ private slots:
         const QRect first = shown.button(titles[0])->geometry();
         const QRect second = shown.button(titles[1])->geometry().translated(150, 0);
         const QRect third = shown.button(titles[2])->geometry().translated(300, 0);
-        QVERIFY(first.right() < second.left() && second.right() < third.left());
+        QVERIFY(first.right() < second.left());
+        QCOMPARE(second.left() - first.right(), third.left() - second.right());
         QVERIFY(third.translated(-300, 0).right() < second.translated(-150, 0).left()); // nor displaced
         QVERIFY(second.translated(-150, 0).right() < first.left());
         QVERIFY(qAbs((first.left() + third.right()) / 2 - shown.board->geometry().center().x()) <= 1);

@@ -128,6 +128,9 @@ private slots:
             << u"a\fb\f\fc"_s << 1 << true << false << 1 << u"a|b||c|"_s;
         QTest::newRow("a page of their own for two lines")
             << u"a\nb\n"_s << 1 << true << false << 1 << u"ab|"_s;
+        QTest::newRow("a page full of lines, whatever ends them")
+            << u"a\r\n"_s.repeated(20) + u"b\r"_s.repeated(20) << 1 << true << false << 1
+            << u"a"_s.repeated(20) + u"b"_s.repeated(20) + u"|"_s;
         QTest::newRow("copies, one after the other")
             << u"a\fb"_s << 2 << true << false << 1 << u"a|b|a|b|"_s;
         QTest::newRow("copies, page by page") << u"a\fb"_s << 2 << false << false << 1 << u"a|a|b|b|"_s;

@@ -46,6 +46,8 @@ private slots:
         QTest::newRow("an absent key reads as 0") << QByteArray("BirdPX5=3") << qint64(0);
         QTest::newRow("a number") << QByteArray("CatPX5=3") << qint64(3);
         QTest::newRow("a negative number") << QByteArray("CatPX5=-4") << qint64(-4);
+        QTest::newRow("zeros before a number are nothing but zeros")
+            << QByteArray("CatPX5=010") << qint64(10);
         QTest::newRow("a string's leading number") << QByteArray("CatPX5=12 monkeys") << qint64(12);
         QTest::newRow("a string without a number") << QByteArray("CatPX5=neko") << qint64(0);
         QTest::newRow("an empty string") << QByteArray("CatPX5=") << qint64(0);
