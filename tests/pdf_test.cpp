@@ -1,5 +1,7 @@
 #include "pdf/TextPdf.h"
 
+#include <QColor>
+#include <QImage>
 #include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
@@ -82,6 +84,24 @@ private slots:
         QCOMPARE(write(text), PdfResult::Written);
         QCOMPARE(withoutBlanks(read({u"-raw"_s})), withoutBlanks(text));
         QCOMPARE(withoutBlanks(read({})), withoutBlanks(text)); // in the order of reading, too
+    }
+
+    void emojiAreInColour()
+    {
+        for (const QString &text : {u"😀"_s, u"❤️"_s, u"note2️⃣self"_s, u"🇯🇵"_s}) {
+            QCOMPARE(write(text), PdfResult::Written);
+            const QString picture = m_folder.filePath(u"page"_s);
+            QCOMPARE(QProcess::execute(u"pdftoppm"_s,
+                                       {u"-r"_s, u"40"_s, u"-singlefile"_s, u"-png"_s, m_file, picture}),
+                     0);
+            const QImage page(picture + u".png"_s);
+            int coloured = 0;
+            for (int y = 0; y < page.height(); ++y) {
+                for (int x = 0; x < page.width(); ++x)
+                    coloured += QColor(page.pixel(x, y)).saturation() > 60;
+            }
+            QVERIFY2(coloured > 3, qPrintable(text));
+        }
     }
 
     void whatIsNoCharacterHarmsNothing()
