@@ -113,7 +113,8 @@ class Journey(unittest.TestCase):
 
     def test_tab_goes_in_reading_order(self):
         for name in ["テキスト", "船🛥", "🐱Cat", "🐦Bird", "居場所", "手荷物", "暗黙知", "寄付", "フォルダA",
-                     "Font Size", "別スレッド", "読込", "簡易PDF", "起動", "ブラウザを選択", "テキスト"]:
+                     "サイドバーの境界", "本文の境界", "Font Size", "別スレッド", "読込", "簡易PDF", "起動",
+                     "ブラウザを選択", "テキスト"]:
             def focused():
                 self.app.clear_cache()
                 return [n for n in nodes(self.app)
