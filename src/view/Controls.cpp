@@ -45,6 +45,17 @@ QLabel *titleOf(QWidget *control, const QString &title)
     return text;
 }
 
+// A style may outline a control in a darker shade of the window, which nobody can make out where the
+// window is dark already; there the shade becomes one of the text.
+void outlineWhereDark(QWidget *control)
+{
+    QPalette palette = control->palette();
+    if (palette.color(QPalette::Window).lightness() >= 128)
+        return;
+    palette.setColor(QPalette::Window, palette.color(QPalette::WindowText));
+    control->setPalette(palette);
+}
+
 // The rows of a pop-up list; a row that has no room says itself in its tool tip.
 class PickerRows : public QStringListModel {
 public:
@@ -158,6 +169,7 @@ QWidget *Toggle(const QString &title, const Binding<bool> &isOn)
 {
     auto *box = new QCheckBox(verbatim(title));
     box->setAccessibleName(title);
+    outlineWhereDark(box);
     follow(box, isOn.get, [box](bool on) { box->setChecked(on); });
     // A screen reader toggles without a click, so it is the change that counts; what has just been
     // shown is none.
@@ -175,6 +187,7 @@ QWidget *Slider(const QString &title, Binding<double> value, SliderRange range)
     slider->setRange(int(std::lround(range.from / range.step)), int(std::lround(range.to / range.step)));
     slider->setPageStep(5);
     slider->setMinimumWidth(60);
+    outlineWhereDark(slider);
     follow(slider, value.get,
            [slider, range](double now) { slider->setValue(int(std::lround(now / range.step))); });
     QObject::connect(slider, &QSlider::valueChanged, slider,
