@@ -95,8 +95,8 @@ private slots:
         item(*app.windows().front(), u"ファイル"_s, u"新規ウインドウ"_s)->trigger();
         QCOMPARE(app.windows().size(), size_t(2));
         MainWindow &first = *app.windows().front(), &second = *app.windows().back();
-        first.findChild<QSlider *>()->setValue(20);
-        QCOMPARE(second.findChild<QSlider *>()->value(), 4);
+        first.findChild<QSlider *>()->setValue(30);
+        QCOMPARE(second.findChild<QSlider *>()->value(), 14);
         QVERIFY(first.windowTitle() != second.windowTitle());
         item(first, u"ファイル"_s, u"ウインドウを閉じる"_s)->trigger();
         QTRY_COMPARE(app.windows().size(), size_t(1));

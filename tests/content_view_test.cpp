@@ -106,7 +106,7 @@ private slots:
         QCOMPARE(content.sp2.value(), 0);
         const std::unique_ptr<Frame> view(content.body());
         QCOMPARE(view->findChild<TextPane *>()->toPlainText(), QString());
-        QCOMPARE(view->findChild<QSlider *>()->value(), 4);
+        QCOMPARE(view->findChild<QSlider *>()->value(), 14);
         QCOMPARE(view->findChild<QComboBox *>()->count(), 0);
         view->show();
         QCOMPARE(view->findChild<TextPane *>()->toPlainText(), openingMessage());

@@ -113,13 +113,40 @@ class Journey(unittest.TestCase):
 
     def test_tab_goes_in_reading_order(self):
         for name in ["テキスト", "船🛥", "🐱Cat", "🐦Bird", "居場所", "手荷物", "暗黙知", "寄付", "フォルダA",
-                     "Font Size", "別スレッド", "読込", "簡易PDF", "起動", "ブラウザを選択", "テキスト"]:
+                     "サイドバーの境界", "本文の境界", "Font Size", "別スレッド", "読込", "簡易PDF", "起動",
+                     "ブラウザを選択", "テキスト"]:
             def focused():
                 self.app.clear_cache()
                 return [n for n in nodes(self.app)
                         if n.name == name and n.getState().contains(pyatspi.STATE_FOCUSED)]
             wait_for(focused)
             keys("Tab")
+
+    def focus(self, role, name):
+        action = self.find(role, name).queryAction()
+        names = [action.getName(i) for i in range(action.nActions)]
+        action.doAction(names.index("SetFocus"))
+
+    def value(self, role, name):
+        value = self.find(role, name).queryValue()
+        return value.minimumValue, value.currentValue, value.maximumValue
+
+    def test_a_screen_reader_is_told_what_the_eye_sees(self):
+        self.assertEqual(self.value("slider", "Font Size"), (10, 14, 40))
+        self.focus("separator", "サイドバーの境界")
+        before = self.value("separator", "サイドバーの境界")[1]
+        keys("Right")
+        wait_for(lambda: self.value("separator", "サイドバーの境界")[1] == before + 10)
+        keys("shift+Tab", "Down", "Right", "Down")
+        row = self.find("table cell", "サブフォルダB1")
+        self.assertEqual(row.description, "レベル 2")
+        wait_for(lambda: row.getState().contains(pyatspi.STATE_SELECTED))
+        self.assertTrue(self.find("table cell", "フォルダB").getState().contains(pyatspi.STATE_EXPANDED))
+        self.press("push button", "船🛥")
+        wait_for(lambda: self.shown("船🛥").description == "左岸から 50、右へ航行中")
+        self.assertEqual(self.shown("寄付").description, "", "not the name once more")
+        keys("ctrl+comma")
+        self.find("frame", "設定")
 
     def test_a_file_is_loaded_and_read_at_the_size_one_likes(self):
         path = os.path.join(WORK, "yomu.txt")
@@ -263,6 +290,7 @@ class Journey(unittest.TestCase):
         self.tearDown()
         self.setUp()
         self.find("list item", "AA Web")
+        self.assertEqual(self.find("combo box", "ブラウザを選択").description, "AA Web")
         self.press("push button", "起動")
         wait_for(lambda: os.path.exists(told) and os.path.getsize(told))
         with open(told, encoding="utf-8") as file:

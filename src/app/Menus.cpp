@@ -2,10 +2,12 @@
 
 #include "app/MainWindow.h"
 #include "app/TarumineApp.h"
+#include "view/Modifiers.h"
 
 #include <QActionGroup>
 #include <QApplication>
 #include <QMenuBar>
+#include <QToolButton>
 
 namespace {
 
@@ -84,4 +86,6 @@ void addMenus(MainWindow &window, TarumineApp &app)
     window.content().fillViewMenu(*bar->addMenu(Titles::tr("表示(&V)")));
     addWindowMenu(bar, window, app);
     addHelpMenu(bar, window, app);
+    for (QToolButton *button : bar->findChildren<QToolButton *>())
+        markOverflow(button, Titles::tr("その他のメニュー"));
 }

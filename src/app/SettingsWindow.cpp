@@ -3,16 +3,13 @@
 #include "view/Frame.h"
 
 #include <QAction>
-#include <QVBoxLayout>
 
 SettingsWindow::SettingsWindow()
     : m_frame(m_settings.body())
 {
     setWindowTitle(tr("設定"));
     setAttribute(Qt::WA_QuitOnClose, false); // it goes with the last main window
-    auto *layout = new QVBoxLayout(this);
-    layout->setContentsMargins({});
-    layout->addWidget(m_frame);
+    setCentralWidget(m_frame);
     setMaximumSize(m_frame->bounds().maximum);
     resize(m_frame->bounds().ideal);
 
@@ -25,5 +22,5 @@ SettingsWindow::SettingsWindow()
 // The view goes before the fields that it shows.
 SettingsWindow::~SettingsWindow()
 {
-    delete m_frame;
+    delete takeCentralWidget();
 }

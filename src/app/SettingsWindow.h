@@ -2,10 +2,10 @@
 
 #include "settings/SettingsView.h"
 
-#include <QWidget>
+#include <QMainWindow>
 
 /// The settings in a window of their own, as large as their bounds allow.
-class SettingsWindow : public QWidget {
+class SettingsWindow : public QMainWindow {
     Q_OBJECT
 
 public:

@@ -19,18 +19,19 @@ QList<int> scaled(const QList<int> &proportions)
 } // namespace
 
 Columns::Columns(QWidget *sidebar, QWidget *selectionPane, QWidget *detail)
-    : m_side(new QSplitter)
+    : m_side(new Split)
     , m_sidebar(sidebar)
 {
     m_side->addWidget(sidebar);
     m_side->addWidget(selectionPane);
     addWidget(m_side);
     addWidget(detail);
-    setChildrenCollapsible(false);
-    m_side->setChildrenCollapsible(false);
+    nameBoundary(1, tr("本文の境界"));
+    m_side->nameBoundary(1, tr("サイドバーの境界"));
     // A splitter puts each new child behind the others; a screen reader reads them from the back.
     for (QWidget *pane : {sidebar, selectionPane, static_cast<QWidget *>(m_side), detail})
         pane->raise();
+    setTabOrder(m_side->handle(1), handle(1)); // before what is in the detail column
     arrange(Arrangement::SideBySide);
 }
 

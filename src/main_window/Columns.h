@@ -1,11 +1,11 @@
 #pragma once
 
-#include <QSplitter>
+#include "main_window/Split.h"
 
 /// The panes of a main window: sidebar, selection pane, detail column, side by side at widths that
-/// the user can drag. In a narrow window the first two stand one above the other; in a very narrow
+/// the user can change. In a narrow window the first two stand one above the other; in a very narrow
 /// one only the detail column is left.
-class Columns : public QSplitter {
+class Columns : public Split {
     Q_OBJECT
 
 public:
@@ -22,7 +22,7 @@ private:
     static Arrangement arrangementFor(int width);
     void arrange(Arrangement arrangement);
 
-    QSplitter *m_side;
+    Split *m_side;
     QWidget *m_sidebar;
     Arrangement m_arrangement = Arrangement::SideBySide;
     bool m_sidebarShown = true;

@@ -1,6 +1,7 @@
 #include "play/EventToolbar.h"
 
 #include "play/Events.h"
+#include "view/Modifiers.h"
 
 #include <QAction>
 #include <QCoreApplication>
@@ -38,8 +39,9 @@ QToolBar *EventToolbar(const std::function<void(const Event &)> &pressed)
     // the keyboard where it is.
     for (QToolButton *button : bar->findChildren<QToolButton *>()) {
         button->setFocusPolicy(Qt::TabFocus);
+        button->setToolTip({}); // it would repeat the label, and a screen reader would read it out, too
         if (!button->defaultAction())
-            button->setAccessibleName(Titles::tr("その他の出来事")); // the overflow button
+            markOverflow(button, Titles::tr("その他の出来事"));
     }
     return bar;
 }

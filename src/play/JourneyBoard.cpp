@@ -37,6 +37,17 @@ QString title(Destination destination)
     return {};
 }
 
+// Where the boat is and what it does there, for those who don't see it.
+QString situation(double offset, bool movingRight, const QString &movingStr)
+{
+    if (isAnchored(movingStr))
+        return movingStr == anchoredRight ? Titles::tr("右岸に停泊中") : Titles::tr("左岸に停泊中");
+    if (offset <= leftLimit)
+        return Titles::tr("左岸");
+    const QString place = Titles::tr("左岸から %1").arg(qint64(offset));
+    return place + (movingRight ? Titles::tr("、右へ航行中") : Titles::tr("、左へ航行中"));
+}
+
 // As wide as the title needs. The least width that a style gives its buttons would make those that are
 // displaced towards each other overlap.
 QSize compactSize(const QPushButton &button)
@@ -45,13 +56,25 @@ QSize compactSize(const QPushButton &button)
     return {button.fontMetrics().horizontalAdvance(button.text()) + padding, button.sizeHint().height()};
 }
 
+// Larger than other buttons', so that the boat can be made out, but the longest label has room.
+QFont boatFont(const QPushButton &boat)
+{
+    constexpr double padding = 16;
+    const double longest = boat.fontMetrics().horizontalAdvance(anchoredRight.toString());
+    QFont font = boat.font();
+    font.setPointSizeF(font.pointSizeF() * std::min(1.5, (boatWidth - padding) / longest));
+    return font;
+}
+
 } // namespace
 
 JourneyBoard::JourneyBoard(const Fields &fields)
     : m_fields(fields)
     , m_boat(new QPushButton(this))
 {
+    setAccessibleName(Titles::tr("旅"));
     m_boat->resize(int(boatWidth), int(boatHeight));
+    m_boat->setFont(boatFont(*m_boat));
     connect(m_boat, &QPushButton::clicked, this, &JourneyBoard::press);
     for (const Destination destination : destinations) {
         auto *button = new QPushButton(title(destination), this);
@@ -61,6 +84,9 @@ JourneyBoard::JourneyBoard(const Fields &fields)
     follow(
         this, [this] { return m_fields.movingStr.value(); },
         [this](const QString &label) { m_boat->setText(label); });
+    follow(
+        this, [this] { return situation(m_fields.offset, m_fields.movingRight, m_fields.movingStr); },
+        [this](const QString &now) { m_boat->setAccessibleDescription(now); });
     const auto whatMatters = [this] {
         return std::pair(m_fields.btnStatus.value(), isAnchored(m_fields.movingStr.value()));
     };

@@ -62,25 +62,29 @@ protected:
 // Takes its icon when it is first drawn: most rows of a collapsed tree never are.
 class Row : public QStandardItem {
 public:
-    explicit Row(const Node &node)
+    explicit Row(const Node &node, int level = 1)
         : QStandardItem(node.name)
+        , m_level(level)
         , m_isFolder(node.children.has_value())
     {
         setData(node.id, IdRole);
         if (!m_isFolder)
             return;
         for (const Node &child : *node.children)
-            appendRow(new Row(child));
+            appendRow(new Row(child, level + 1));
     }
 
     QVariant data(int role) const override
     {
         if (role == Qt::DecorationRole)
             return m_isFolder ? folderIcon() : documentIcon();
+        if (role == Qt::AccessibleDescriptionRole) // the indentation, for those who don't see it
+            return OutlineView::tr("レベル %1").arg(m_level);
         return QStandardItem::data(role);
     }
 
 private:
+    int m_level;
     bool m_isFolder;
 };
 

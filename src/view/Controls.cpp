@@ -1,9 +1,11 @@
 #include "view/Controls.h"
 
 #include "view/Modifiers.h"
+#include "view/PickerAccessible.h"
 #include "view/Stacks.h"
 
 #include <QAbstractItemView>
+#include <QAccessible>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QIcon>
@@ -43,6 +45,17 @@ QLabel *titleOf(QWidget *control, const QString &title)
     return text;
 }
 
+// A style may outline a control in a darker shade of the window, which nobody can make out where the
+// window is dark already; there the shade becomes one of the text.
+void outlineWhereDark(QWidget *control)
+{
+    QPalette palette = control->palette();
+    if (palette.color(QPalette::Window).lightness() >= 128)
+        return;
+    palette.setColor(QPalette::Window, palette.color(QPalette::WindowText));
+    control->setPalette(palette);
+}
+
 // The rows of a pop-up list; a row that has no room says itself in its tool tip.
 class PickerRows : public QStringListModel {
 public:
@@ -77,6 +90,7 @@ public:
         setModel(m_rows);
         view()->setTextElideMode(Qt::ElideMiddle);
         view()->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        connect(this, &QComboBox::currentTextChanged, this, &PickerList::tellChoice);
     }
 
     void setRows(const QStringList &names) { m_rows->setStringList(names); }
@@ -106,6 +120,15 @@ protected:
     }
 
 private:
+    // A screen reader hears of the choice also while the list is closed. It isn't made the current row
+    // of a list that isn't shown: the focus would seem to be there.
+    void tellChoice(const QString &row)
+    {
+        setAccessibleDescription(row);
+        view()->selectionModel()->select(m_rows->index(currentIndex()),
+                                         QItemSelectionModel::ClearAndSelect);
+    }
+
     void showIcons()
     {
         if (m_icon)
@@ -146,6 +169,7 @@ QWidget *Toggle(const QString &title, const Binding<bool> &isOn)
 {
     auto *box = new QCheckBox(verbatim(title));
     box->setAccessibleName(title);
+    outlineWhereDark(box);
     follow(box, isOn.get, [box](bool on) { box->setChecked(on); });
     // A screen reader toggles without a click, so it is the change that counts; what has just been
     // shown is none.
@@ -159,15 +183,15 @@ QWidget *Toggle(const QString &title, const Binding<bool> &isOn)
 QWidget *Slider(const QString &title, Binding<double> value, SliderRange range)
 {
     auto *slider = new QSlider(Qt::Horizontal);
-    slider->setRange(0, int(std::lround((range.to - range.from) / range.step)));
+    // Counted in steps from nought, so that what a screen reader reads out is the value itself.
+    slider->setRange(int(std::lround(range.from / range.step)), int(std::lround(range.to / range.step)));
     slider->setPageStep(5);
     slider->setMinimumWidth(60);
-    follow(slider, value.get, [slider, range](double now) {
-        slider->setValue(int(std::lround((now - range.from) / range.step)));
-    });
-    QObject::connect(slider, &QSlider::valueChanged, slider, [range, set = std::move(value.set)](int step) {
-        set(range.from + step * range.step);
-    });
+    outlineWhereDark(slider);
+    follow(slider, value.get,
+           [slider, range](double now) { slider->setValue(int(std::lround(now / range.step))); });
+    QObject::connect(slider, &QSlider::valueChanged, slider,
+                     [range, set = std::move(value.set)](int step) { set(step * range.step); });
     QWidget *row = HStack({titleOf(slider, title), slider});
     row->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     return row;
@@ -176,7 +200,12 @@ QWidget *Slider(const QString &title, Binding<double> value, SliderRange range)
 QWidget *Picker(const QString &title, Binding<QString> selection, std::function<QStringList()> rows,
                 std::function<QIcon(const QString &)> icon)
 {
+    [[maybe_unused]] static const bool known = [] {
+        QAccessible::installFactory(pickerAccessible);
+        return true;
+    }();
     auto *list = new PickerList(std::move(icon));
+    list->view()->setAccessibleName(title);
     const auto showSelection = [list](const QString &name) { list->setCurrentIndex(list->findText(name)); };
     follow(list, std::move(rows), [list, showSelection, get = selection.get](const QStringList &names) {
         list->setRows(names);

@@ -26,7 +26,8 @@ struct SliderRange {
     double to;
     double step;
 };
-/// A visible title and a slider that can take the values from, from + step, … to.
+/// A visible title and a slider that can take the values from, from + step, … to, all of them
+/// multiples of the step.
 QWidget *Slider(const QString &title, Binding<double> value, SliderRange range);
 
 /// A visible title above a pop-up list; a row is shown as chosen when it equals `selection`. Icons

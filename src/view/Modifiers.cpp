@@ -3,6 +3,7 @@
 #include <QEvent>
 #include <QLabel>
 #include <QTimer>
+#include <QToolButton>
 #include <QWindow>
 
 namespace {
@@ -83,6 +84,13 @@ QWidget *onAppear(std::function<void()> action, QWidget *widget)
 void afterPicture(std::function<void()> action, QWidget *widget)
 {
     new Picture(widget, std::move(action));
+}
+
+void markOverflow(QToolButton *button, const QString &title)
+{
+    button->setText(QStringLiteral("»"));
+    button->setToolButtonStyle(Qt::ToolButtonTextOnly);
+    button->setAccessibleName(title);
 }
 
 QWidget *wrapped(QWidget *text)

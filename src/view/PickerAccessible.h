@@ -1,0 +1,7 @@
+#pragma once
+
+#include <QAccessible>
+
+/// What assistive technology is told of a picker: its title stays its name, and the row that is chosen
+/// is its value. The toolkit's own says the row instead of the name.
+QAccessibleInterface *pickerAccessible(const QString &key, QObject *object);
