@@ -30,3 +30,31 @@ def prose(size, emoji=True, lines=True):
     once = ("\n" if lines else "").join(parts)
     text = once.encode() * (size // len(once.encode()) + 1)
     return text[:size].decode("utf-8", "ignore")
+
+
+SCRIPTS = """العربية لغة جميلة، وتُكتب من اليمين إلى اليسار. عدد الصفحات 123.
+עברית היא שפה שמית. שלום עולם! בְּרֵאשִׁית בָּרָא (סוגריים)
+हिन्दी भारत की राजभाषा है। क्षत्रिय कर्म स्त्री प्रार्थना
+ภาษาไทยเป็นภาษาราชการของประเทศไทย ที่นี่มีน้ำใจกันทั้งนั้น
+Ελληνικά, Кириллица, Tiếng Việt, 한국어, office, e\u0301
+か\u309a 葛\U000e0100飾区 ﾊﾝｶｸ ｶﾞ 日⽇文⽂ 〜～−－ ①㈱髙﨑
+😀👨‍👩‍👧‍👦🏳️‍🌈🇯🇵👍🏽1️⃣❤️☺☺️
+int main()
+{
+\tif (a)\t// a tab
+\t\treturn  a;  // two blanks
+}
+"""
+
+
+def every_character():
+    """Each assigned character of the installed fonts."""
+    import subprocess
+    import unicodedata
+    ranges = subprocess.run(["fc-list", "--format", "%{charset} "], capture_output=True, text=True, check=True).stdout
+    covered = set()
+    for each in set(ranges.split()):
+        first, _, last = each.partition("-")
+        covered.update(range(int(first, 16), int(last or first, 16) + 1))
+    wanted = [chr(c) for c in sorted(covered) if unicodedata.category(chr(c)) not in ("Cn", "Cs", "Cc", "Zl", "Zp")]
+    return "\n".join("".join(wanted[i:i + 40]) for i in range(0, len(wanted), 40))

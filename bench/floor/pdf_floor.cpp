@@ -68,7 +68,7 @@ bool addsToEmoji(char32_t c)
 }
 
 struct Font {
-    FT_Library library = nullptr;
+    FT_Library freeType = nullptr;
     FT_Face face = nullptr;
     std::vector<int> glyphs = std::vector<int>(characters, -1);
     std::vector<short> advances = std::vector<short>(characters);
@@ -76,8 +76,8 @@ struct Font {
 
     Font()
     {
-        FT_Init_FreeType(&library);
-        FT_New_Face(library, fontPath, 0, &face);
+        FT_Init_FreeType(&freeType);
+        FT_New_Face(freeType, fontPath, 0, &face);
     }
     int glyph(char32_t c)
     {
@@ -314,7 +314,7 @@ int main(int argc, char **argv)
 
     File file;
     const int font = fontObject(file, layout.font, program);
-    const std::string pictures = emojiPictures(file, layout.emoji, layout.font.library);
+    const std::string pictures = emojiPictures(file, layout.emoji, layout.font.freeType);
     const int resources =
         file.object(format("<</Font <</F %d 0 R>> /XObject <<", font) + pictures + ">>>>");
     const int tree = file.count() + 2 * int(streams.size()) + 1;
