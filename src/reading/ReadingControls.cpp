@@ -33,7 +33,8 @@ QWidget *ReadingControls(State<double> &fontSize, const ReadingActions &act, QWi
     const Binding<double> size([&fontSize] { return fontSize.value(); },
                                [&fontSize](double points) { fontSize = allowed(points); });
     return wrappingRow({
-        Slider(Titles::tr("Font Size"), size, {.from = smallest, .to = largest, .step = step}),
+        Slider(Titles::tr("Font Size"), size,
+               {.from = smallest, .to = largest, .step = step, .unit = Titles::tr("ポイント")}),
         Text([&fontSize] { return Titles::tr("%1 pt").arg(qint64(fontSize.value())); }),
         Button(Titles::tr("別スレッド"), act.startSimulation),
         Button(Titles::tr("読込"), act.openText),

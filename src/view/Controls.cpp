@@ -180,18 +180,19 @@ QWidget *Toggle(const QString &title, const Binding<bool> &isOn)
     return box;
 }
 
-QWidget *Slider(const QString &title, Binding<double> value, SliderRange range)
+QWidget *Slider(const QString &title, Binding<double> value, const SliderRange &range)
 {
     auto *slider = new QSlider(Qt::Horizontal);
     // Counted in steps from nought, so that what a screen reader reads out is the value itself.
     slider->setRange(int(std::lround(range.from / range.step)), int(std::lround(range.to / range.step)));
     slider->setPageStep(5);
     slider->setMinimumWidth(60);
+    slider->setAccessibleDescription(range.unit);
     outlineWhereDark(slider);
     follow(slider, value.get,
-           [slider, range](double now) { slider->setValue(int(std::lround(now / range.step))); });
+           [slider, step = range.step](double now) { slider->setValue(int(std::lround(now / step))); });
     QObject::connect(slider, &QSlider::valueChanged, slider,
-                     [range, set = std::move(value.set)](int step) { set(step * range.step); });
+                     [step = range.step, set = std::move(value.set)](int steps) { set(steps * step); });
     QWidget *row = HStack({titleOf(slider, title), slider});
     row->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     return row;

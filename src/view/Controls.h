@@ -25,10 +25,11 @@ struct SliderRange {
     double from;
     double to;
     double step;
+    QString unit = {}; // in words, for who doesn't see the value
 };
 /// A visible title and a slider that can take the values from, from + step, … to, all of them
 /// multiples of the step.
-QWidget *Slider(const QString &title, Binding<double> value, SliderRange range);
+QWidget *Slider(const QString &title, Binding<double> value, const SliderRange &range);
 
 /// A visible title above a pop-up list; a row is shown as chosen when it equals `selection`. Icons
 /// are asked for from when somebody first turns to it, for the rows that are drawn.
