@@ -152,6 +152,7 @@ class Journey(unittest.TestCase):
         path = os.path.join(WORK, "yomu.txt")
         with open(path, "w", encoding="utf-8") as file:
             file.write("吾輩は猫である。🐱\n名前はまだ無い。")
+        keys("shift+Tab")  # away from the text, to which loading leads back
         self.load(path)
         wait_for(lambda: self.shown_text() == "吾輩は猫である。🐱\n名前はまだ無い。")
         keys("ctrl+plus", "ctrl+plus")

@@ -111,6 +111,8 @@ private slots:
                 put(side);
                 QTest::keyClick(&pane, key);
                 QCOMPARE(m_text.value(), changed);
+                for (QTextBlock block = document.begin(); block.isValid(); block = block.next())
+                    QVERIFY(block.length() > 1); // no empty line is seen that isn't in the text
                 pane.undo();
                 QCOMPARE(m_text.value(), line);
             }
