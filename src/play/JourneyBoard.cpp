@@ -68,6 +68,11 @@ QFont boatFont(const QPushButton &boat)
 
 } // namespace
 
+JourneyBoard::~JourneyBoard()
+{
+    QAccessible::removeActivationObserver(this);
+}
+
 JourneyBoard::JourneyBoard(const Fields &fields)
     : m_fields(fields)
     , m_boat(new QPushButton(this))
@@ -84,8 +89,14 @@ JourneyBoard::JourneyBoard(const Fields &fields)
     follow(
         this, [this] { return m_fields.movingStr.value(); },
         [this](const QString &label) { m_boat->setText(label); });
+    m_isReadOut = QAccessible::isActive();
+    QAccessible::installActivationObserver(this);
     follow(
-        this, [this] { return situation(m_fields.offset, m_fields.movingRight, m_fields.movingStr); },
+        this,
+        [this] {
+            return m_isReadOut ? situation(m_fields.offset, m_fields.movingRight, m_fields.movingStr)
+                               : QString();
+        },
         [this](const QString &now) { m_boat->setAccessibleDescription(now); });
     const auto whatMatters = [this] {
         return std::pair(m_fields.btnStatus.value(), isAnchored(m_fields.movingStr.value()));

@@ -3,6 +3,7 @@
 #include "play/Journey.h"
 #include "view/State.h"
 
+#include <QAccessible>
 #include <QWidget>
 
 #include <vector>
@@ -15,7 +16,7 @@ class QPushButton;
 /// Its layout is a stack: a spacer, the boat, a spacer, and the row of destinations at the bottom; the
 /// row's height is always kept, so that the boat stays at its height. A displaced button may leave the
 /// region, so the buttons belong to the window: nothing else clips them, and they lie above the panes.
-class JourneyBoard : public QWidget {
+class JourneyBoard : public QWidget, private QAccessible::ActivationObserver {
     Q_OBJECT
 
 public:
@@ -26,6 +27,8 @@ public:
         State<qint64> &btnStatus;
     };
     explicit JourneyBoard(const Fields &fields);
+    ~JourneyBoard() override;
+    Q_DISABLE_COPY_MOVE(JourneyBoard)
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
@@ -41,6 +44,8 @@ private:
         QPointF place; ///< its own, in the window
     };
 
+    void accessibilityActiveChanged(bool active) override { m_isReadOut = active; }
+
     void press();
     void travel(Journey::Destination destination);
     Journey::Board board() const;
@@ -54,6 +59,7 @@ private:
     int spacing() const;
 
     Fields m_fields;
+    State<bool> m_isReadOut; // only then does it say in words where the boat is
     QPushButton *m_boat;
     QPointF m_boatPlace; ///< its own, in the window
     std::vector<Stop> m_stops;
