@@ -7,8 +7,6 @@
 
 #include <hb-ot.h>
 
-#include <algorithm>
-
 namespace {
 
 constexpr int letterM = DocumentFonts::drawnPerFont;

@@ -2,8 +2,6 @@
 
 #include "printing/PrintChoice.h"
 
-#include <memory>
-
 /// How a job has ended.
 struct PrintOutcome {
     PdfResult result = PdfResult::Failed;

@@ -7,6 +7,8 @@
 #include <QPointer>
 #include <QTimer>
 
+#include <memory>
+
 class QProgressDialog;
 
 /// The print dialog, then the work on another thread with its progress, then what went wrong.

@@ -16,7 +16,6 @@ struct FreeHarfBuzz {
     void operator()(hb_font_t *font) const { hb_font_destroy(font); }
     void operator()(hb_buffer_t *buffer) const { hb_buffer_destroy(buffer); }
     void operator()(hb_blob_t *blob) const { hb_blob_destroy(blob); }
-    void operator()(hb_set_t *set) const { hb_set_destroy(set); }
 };
 template <class T> using HarfBuzz = std::unique_ptr<T, FreeHarfBuzz>;
 

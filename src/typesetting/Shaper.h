@@ -26,8 +26,6 @@ class Shaper {
 public:
     Shaper(FontList &fonts, DocumentFonts &codes);
 
-    CharacterTable &characters() { return m_characters; }
-
     /// Appends the cells of what comes next in `text` at `from`, up to `limit` at most; the text
     /// around it counts as its context. Returns how many units those are.
     std::size_t shapeNext(std::u16string_view text, std::size_t from, std::size_t limit, std::uint8_t level,
