@@ -84,7 +84,7 @@ JourneyBoard::JourneyBoard(const Fields &fields)
     for (const Destination destination : destinations) {
         auto *button = new QPushButton(title(destination), this);
         connect(button, &QPushButton::clicked, this, [this, destination] { travel(destination); });
-        m_stops.push_back({destination, button, {}});
+        m_stops.push_back({destination, button, {}, {}});
     }
     follow(
         this, [this] { return m_fields.movingStr.value(); },
@@ -149,10 +149,14 @@ bool JourneyBoard::event(QEvent *event)
     case QEvent::Hide:
         showWhatIsThere();
         break;
-    case QEvent::Resize:
-    case QEvent::Move:
     case QEvent::FontChange:
     case QEvent::StyleChange:
+        for (Stop &stop : m_stops)
+            stop.size = {};
+        layOut();
+        break;
+    case QEvent::Resize:
+    case QEvent::Move:
         layOut();
         break;
     default:
@@ -223,18 +227,20 @@ void JourneyBoard::layOut()
     m_boatPlace = mapTo(window(), QPointF((width() - boatWidth) / 2, boatTop));
 
     double room = -spacing();
-    for (const Stop &stop : m_stops) {
-        if (!stop.button->isHidden())
-            room += compactSize(*stop.button).width() + spacing();
+    for (Stop &stop : m_stops) {
+        if (stop.button->isHidden())
+            continue;
+        if (!stop.size.isValid())
+            stop.size = compactSize(*stop.button);
+        room += stop.size.width() + spacing();
     }
     double left = (width() - room) / 2;
     for (Stop &stop : m_stops) {
         if (stop.button->isHidden())
             continue;
-        const QSize size = compactSize(*stop.button);
-        stop.button->resize(size);
-        stop.place = mapTo(window(), QPointF(left, height() - (rowHeight() + size.height()) / 2.0));
-        left += size.width() + spacing();
+        stop.button->resize(stop.size);
+        stop.place = mapTo(window(), QPointF(left, height() - (rowHeight() + stop.size.height()) / 2.0));
+        left += stop.size.width() + spacing();
     }
     displace();
 }

@@ -42,6 +42,7 @@ private:
         Journey::Destination destination;
         QPushButton *button;
         QPointF place; ///< its own, in the window
+        QSize size;    ///< invalid until it is first there in the present font
     };
 
     void accessibilityActiveChanged(bool active) override { m_isReadOut = active; }
