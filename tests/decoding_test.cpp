@@ -1,6 +1,10 @@
 #include "reading/TextDecoding.h"
+#include "reading/Utf8.h"
 
 #include <QTest>
+#include <QUtf8StringView>
+
+#include <array>
 
 using namespace Qt::StringLiterals;
 
@@ -55,6 +59,25 @@ private slots:
     {
         const auto decoded = decodedText(QByteArray(100'000, '-') + "\x92\xa9\x82\xcc\x8b\x4c\x98\x5e");
         QCOMPARE(decoded, QString(100'000, u'-') + u"朝の記録"_s);
+    }
+
+    void whatIsUtf8IsWhatTheToolkitSays()
+    {
+        // Each begins and ends a range: of bytes that lead, that follow, and that never are.
+        const QByteArray bytes = QByteArray::fromHex("00417f808f909fa0bfc0c1c2dfe0e1ecedeeeff0f1f3f4f5ff");
+        const QByteArray before = QByteArray("0123456789abcdef") + QByteArray("の").repeated(9);
+        std::array<int, 2> count{};
+        const auto digits = bytes.size();
+        for (qsizetype i = 0; i < digits * digits * digits * digits; ++i) {
+            QByteArray text = before;
+            for (qsizetype rest = i, n = 0; n < 4; ++n, rest /= digits)
+                text += bytes[rest % digits];
+            const bool valid = QUtf8StringView(text.data(), text.size()).isValidUtf8();
+            ++count.at(valid ? 1 : 0);
+            if (isValidUtf8(text) != valid)
+                QCOMPARE(text.toHex(), valid ? "to be valid" : "to be invalid");
+        }
+        QVERIFY(count[0] > 100'000 && count[1] > 200);
     }
 
     void halfATextIsNone_data()

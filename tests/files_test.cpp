@@ -6,6 +6,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <fcntl.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/un.h>
@@ -37,6 +38,30 @@ private slots:
         QCOMPARE(readRegularFile(m_folder.filePath(u"link.txt"_s), 1 << 30), large);
         // This one claims to be empty.
         QVERIFY(readRegularFile(u"/proc/self/status"_s, 1 << 20).value_or(QByteArray()).contains("VmRSS"));
+    }
+
+    void whatWasReadStaysWhateverBecomesOfTheFile()
+    {
+        const QByteArray large = QByteArray("0123456789\n").repeated(300'000);
+        const QString path = write(u"growing.log"_s, large);
+        const auto open = [&path] { return ::open(qPrintable(path), O_WRONLY | O_NONBLOCK | O_TRUNC); };
+        auto quiet = FileContent::of(path, 1 << 30);
+        QVERIFY(quiet && quiet->bytes() == large);
+        const int refused = open();
+        QVERIFY(quiet->bytes() == large);
+        if (refused >= 0) { // where nobody can be made to wait
+            ::close(refused);
+            write(u"growing.log"_s, large);
+        }
+        quiet.reset();
+
+        const int writer = ::open(qPrintable(path), O_WRONLY);
+        const auto busy = FileContent::of(path, 1 << 30);
+        QCOMPARE(::ftruncate(writer, 10), 0);
+        ::close(writer);
+        QVERIFY(busy && busy->bytes() == large);
+        QVERIFY(!FileContent::of(path, 9));
+        QCOMPARE(FileContent::of(path, 10)->bytes(), large.first(10));
     }
 
     void aFileAppearsWholeOrNotAtAll()
@@ -101,6 +126,7 @@ private slots:
     {
         QFETCH(QString, path);
         QCOMPARE(readRegularFile(path, 1 << 20), std::nullopt);
+        QVERIFY(!FileContent::of(path, 1 << 20));
     }
 };
 

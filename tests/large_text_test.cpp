@@ -80,6 +80,36 @@ private slots:
             QVERIFY(block.length() < 1500);
     }
 
+    void itIsTheTextWhileItIsBeingDecoded()
+    {
+        const auto open = [this](const QString &text) {
+            const QByteArray utf8 = text.toUtf8();
+            m_text.setUtf8(FileContent(utf8), TextPieces::shapeOfUtf8(utf8));
+        };
+        QSignalSpy complete(&m_text, &ReadingText::complete);
+        for (const QString &text : {longLine(700'000), u"一行の文\r\n\n"_s.repeated(300'000)}) {
+            complete.clear();
+            open(text);
+            QVERIFY(complete.isEmpty()); // so this is before it has been decoded
+            QVERIFY(m_text.document()->characterCount() > 1);
+            QCOMPARE(m_text.value(), text);
+            QVERIFY(complete.wait(20'000));
+            QCOMPARE(m_text.value(), text);
+
+            open(text);
+            QTextCursor(m_text.document()).insertText(u"x"_s);
+            QString edited = u'x' + text;
+            edited.replace(u"\r\n"_s, u"\n"_s);
+            QVERIFY(m_text.value().replace(u"\r\n"_s, u"\n"_s) == edited);
+            QVERIFY(complete.wait(20'000));
+            QVERIFY(m_text.value() == edited);
+            open(text);
+            m_text = u"動作中"_s;
+            QVERIFY(!complete.wait(100));
+            QCOMPARE(m_text.value(), u"動作中"_s);
+        }
+    }
+
     void aSeamIsNoPlaceOfItsOwn()
     {
         const QString line = longLine(3000);

@@ -1,5 +1,8 @@
 #include "reading/ReadingText.h"
 
+#include "platform/Background.h"
+#include "reading/Utf8.h"
+
 #include <QAbstractTextDocumentLayout>
 #include <QElapsedTimer>
 #include <QSignalBlocker>
@@ -29,7 +32,10 @@ ReadingText::ReadingText()
     m_nextSlice.setInterval(0);
     connect(&m_nextSlice, &QTimer::timeout, this, &ReadingText::enterSlice);
     connect(&m_document, &QTextDocument::contentsChange, this, [this] {
-        if (m_verbatim && !m_isEntering)
+        if (m_isEntering)
+            return;
+        m_isEdited = true;
+        if (m_verbatim)
             letGo(*std::exchange(m_verbatim, std::nullopt));
     });
 }
@@ -38,7 +44,10 @@ QString ReadingText::value() const
 {
     if (m_verbatim)
         return *m_verbatim;
-    return m_document.text().append(QStringView(m_entering).sliced(m_pieces.position()));
+    const QString entering = isDecoded() ? m_entering : QString::fromUtf8(m_undecoded.bytes());
+    if (!isDecoded() && !m_isEdited)
+        return entering;
+    return m_document.text().append(QStringView(entering).sliced(m_pieces.position()));
 }
 
 void ReadingText::setValue(const QString &text)
@@ -48,18 +57,55 @@ void ReadingText::setValue(const QString &text)
 
 void ReadingText::setValue(const QString &text, const TextPieces::Shape &shape)
 {
+    m_undecoded = {};
+    start(text, shape);
+    if (shape.keepsWhole)
+        m_verbatim = text;
+    emit assigned();
+}
+
+void ReadingText::setUtf8(const FileContent &file, const TextPieces::Shape &shape)
+{
+    constexpr qsizetype beginning = 8 * TextPieces::reach;
+    const QByteArrayView utf8 = file.bytes();
+    const qsizetype end = characterStart(utf8, std::min(beginning, utf8.size()));
+    m_undecoded = file;
+    start(QString::fromUtf8(utf8.first(end)), shape);
+    inBackground(
+        this,
+        [file] {
+            const QString text = QString::fromUtf8(file.bytes());
+            return std::pair(text, TextPieces::shapeOf(text));
+        },
+        [this, assignment = m_assignments](const auto &decoded) {
+            if (assignment == m_assignments)
+                goOn(decoded.first, decoded.second);
+        });
+    emit assigned();
+}
+
+void ReadingText::start(const QString &entering, const TextPieces::Shape &shape)
+{
     ++m_assignments;
     m_document.setUndoRedoEnabled(false);
     m_isEntering = true;
     m_document.startOver(shape);
+    m_isEdited = false;
     m_verbatim.reset();
-    m_entering = text;
+    m_entering = entering;
     m_pieces = TextPieces(m_entering, shape);
-    if (shape.keepsWhole)
-        m_verbatim = text;
     m_slices = 0;
     enterSlice();
-    emit assigned();
+}
+
+void ReadingText::goOn(const QString &decoded, const TextPieces::Shape &shape)
+{
+    m_entering = decoded;
+    m_undecoded = {};
+    m_pieces.goOnIn(m_entering);
+    if (shape.keepsWhole && !m_isEdited)
+        m_verbatim = decoded;
+    m_nextSlice.start();
 }
 
 ReadingText &ReadingText::operator=(const QString &text)
@@ -77,15 +123,27 @@ void ReadingText::enterSlice()
     const QSignalBlocker unseen(++m_slices % slicesSeen == 1 ? nullptr : m_document.documentLayout());
     QTextCursor edit(&m_document);
     edit.beginEditBlock();
-    do {
+    while (hasPieces()) {
         m_document.append(m_pieces.next());
-    } while (!m_pieces.atEnd() && time.elapsed() < sliceTime);
+        if (time.elapsed() >= sliceTime)
+            break;
+    }
     edit.endEditBlock();
     m_isEntering = false;
     if (m_pieces.atEnd())
         end();
+    else if (!hasPieces())
+        m_nextSlice.stop();
     else if (!m_nextSlice.isActive())
         m_nextSlice.start();
+}
+
+// Of what is only a beginning, no piece at its end.
+bool ReadingText::hasPieces() const
+{
+    if (isDecoded())
+        return !m_pieces.atEnd();
+    return m_entering.size() - m_pieces.position() > TextPieces::reach;
 }
 
 void ReadingText::end()

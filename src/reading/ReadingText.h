@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/RegularFile.h"
 #include "reading/PiecedDocument.h"
 
 #include <QObject>
@@ -28,6 +29,8 @@ public:
 
     /// The same for a large text, whose shape has been found out elsewhere.
     void setValue(const QString &text, const TextPieces::Shape &shape);
+    /// The same for one that is still to be decoded, which is done elsewhere while its beginning is seen.
+    void setUtf8(const FileContent &file, const TextPieces::Shape &shape);
 
     /// Counts the assignments, so that slow work can tell whether its result still is the latest.
     int assignments() const { return m_assignments; }
@@ -40,16 +43,23 @@ signals:
     void complete();
 
 private:
+    void start(const QString &entering, const TextPieces::Shape &shape);
+    void goOn(const QString &decoded, const TextPieces::Shape &shape);
+    bool isDecoded() const { return m_undecoded.bytes().isNull(); }
     void enterSlice();
+    bool hasPieces() const;
     void end();
 
     PiecedDocument m_document;
     int m_assignments = 0;
+    bool m_isEdited = false;
     // What was assigned, kept where the document has no place for it (CR line ends, say), until the
     // user edits it.
     std::optional<QString> m_verbatim;
-    // What is still to enter the document is the end of this.
+    // What is still to enter the document is the end of this, and as long as it is being decoded the end
+    // of these bytes, whose beginning it is.
     QString m_entering;
+    FileContent m_undecoded;
     TextPieces m_pieces;
     QTimer m_nextSlice;
     int m_slices = 0;

@@ -2,11 +2,11 @@
 
 #include "reading/EncodingGuess.h"
 #include "reading/StrictConverter.h"
-
-#include <QUtf8StringView>
+#include "reading/Utf8.h"
 
 #include <algorithm>
 #include <array>
+#include <future>
 #include <limits>
 
 namespace {
@@ -33,6 +33,8 @@ const Mark *markOf(QByteArrayView bytes)
 // Such a text is ASCII by its bytes. A terminal's colours are escape sequences, too, but others.
 bool isIso2022Jp(QByteArrayView bytes)
 {
+    if (!bytes.contains('\x1b'))
+        return false;
     for (const char *shift : {"\x1b$B", "\x1b$@", "\x1b$(D", "\x1b(J", "\x1b(I"}) {
         if (bytes.contains(shift))
             return true;
@@ -58,21 +60,23 @@ std::optional<QString> decodedByGuess(QByteArrayView bytes)
     return std::nullopt;
 }
 
-// One pass where a check and a conversion would take two: what isn't valid leaves a replacement
-// character, of which a text has none of its own as a rule.
-std::optional<QString> validUtf8(QByteArrayView bytes)
+// A half of a large text is checked by another thread.
+bool isUtf8WithoutZeros(QByteArrayView bytes)
 {
-    QString text = QString::fromUtf8(bytes); // leaves the byte order mark out
-    if (text.contains(QChar::ReplacementCharacter)
-        && !QUtf8StringView(bytes.data(), bytes.size()).isValidUtf8())
-        return std::nullopt;
-    return text;
+    const auto isPlain = [](QByteArrayView part) { return !part.contains('\0') && isValidUtf8(part); };
+    constexpr qsizetype worthAThread = 1 << 20;
+    if (bytes.size() < worthAThread)
+        return isPlain(bytes);
+    const qsizetype half = characterStart(bytes, bytes.size() / 2);
+    auto second = std::async(std::launch::async, isPlain, bytes.sliced(half));
+    const bool first = isPlain(bytes.first(half));
+    return second.get() && first;
 }
 
 // An encoding whose texts are ASCII, byte by byte.
 std::optional<QString> decodedBeforeUtf8(QByteArrayView bytes)
 {
-    if (bytes.contains('\x1b') && isIso2022Jp(bytes)) {
+    if (isIso2022Jp(bytes)) {
         if (auto text = StrictConverter::decoded(bytes, "ISO-2022-JP"))
             return text;
     }
@@ -82,12 +86,14 @@ std::optional<QString> decodedBeforeUtf8(QByteArrayView bytes)
 
 std::optional<QString> decoded(QByteArrayView bytes)
 {
+    if (isPlainUtf8(bytes))
+        return QString::fromUtf8(bytes); // leaves the byte order mark out
     if (const Mark *mark = markOf(bytes))
         return StrictConverter::decoded(bytes.sliced(mark->bytes.size()), mark->encoding);
     if (auto text = decodedBeforeUtf8(bytes))
         return text;
-    if (auto text = validUtf8(bytes))
-        return isBinary(bytes) ? std::nullopt : std::move(text);
+    if (isValidUtf8(bytes))
+        return isBinary(bytes) ? std::nullopt : std::optional(QString::fromUtf8(bytes));
     if (bytes.startsWith("\xef\xbb\xbf"))
         return std::nullopt;
     return decodedByGuess(bytes);
@@ -95,7 +101,12 @@ std::optional<QString> decoded(QByteArrayView bytes)
 
 } // namespace
 
-std::optional<QString> decodedText(const QByteArray &bytes)
+bool isPlainUtf8(QByteArrayView bytes)
+{
+    return !markOf(bytes) && !isBinary(bytes) && isUtf8WithoutZeros(bytes) && !isIso2022Jp(bytes);
+}
+
+std::optional<QString> decodedText(QByteArrayView bytes)
 {
     // Positions in a document are ints, and the last one is past the end.
     constexpr qsizetype mostCharacters = std::numeric_limits<int>::max() - 1;

@@ -14,21 +14,30 @@ namespace {
 // In bytes. At its largest a text takes four times as much memory on its way into the pane.
 constexpr qint64 largestFile = qint64(1) << 29;
 
-struct ShapedText {
+// Below this many bytes it is decoded before the next frame is due.
+constexpr qsizetype large = 1 << 20;
+
+struct ReadText {
     QString text;
+    FileContent utf8; // in place of the text, where decoding it would keep the reader waiting
     TextPieces::Shape shape;
 };
 
-std::optional<ShapedText> readText(const QString &path)
+std::optional<ReadText> readText(const QString &path)
 {
-    auto bytes = readRegularFile(path, largestFile);
-    auto text = bytes ? decodedText(*bytes) : std::nullopt;
-    bytes.reset();
+    auto file = FileContent::of(path, largestFile);
+    if (!file)
+        return std::nullopt;
+    const QByteArrayView bytes = file->bytes();
+    if (bytes.size() > large && isPlainUtf8(bytes))
+        return ReadText{{}, *file, TextPieces::shapeOfUtf8(bytes)};
+    auto text = decodedText(bytes);
+    file.reset();
     if (!text)
         return std::nullopt;
     text->squeeze();
     const TextPieces::Shape shape = TextPieces::shapeOf(*text);
-    return ShapedText{*std::move(text), shape};
+    return ReadText{*std::move(text), {}, shape};
 }
 
 } // namespace
@@ -67,10 +76,13 @@ void TextLoading::load(const QString &path)
 {
     const int thisLoad = ++m_latestLoad;
     const int assignments = m_text.assignments();
-    const auto show = [this, thisLoad, assignments](const std::optional<ShapedText> &read) {
+    const auto show = [this, thisLoad, assignments](const std::optional<ReadText> &read) {
         if (!read || thisLoad != m_latestLoad || assignments != m_text.assignments())
             return;
-        m_text.setValue(read->text, read->shape);
+        if (read->utf8.bytes().isNull())
+            m_text.setValue(read->text, read->shape);
+        else
+            m_text.setUtf8(read->utf8, read->shape);
         emit loaded();
     };
     inBackground(

@@ -30,30 +30,35 @@ bool holdsWhatLosesItself(QStringView text)
                        [text](char16_t c) { return text.contains(QChar(c)); });
 }
 
-bool hasManyLines(QStringView text)
+template <class View, class Character> TextPieces::Shape layoutOf(View text, const Character (&lineEnds)[2])
 {
     qsizetype lines = 0;
-    for (const char16_t end : {u'\n', u'\r'}) {
+    for (const Character end : lineEnds) {
         for (qsizetype at = text.indexOf(end); at >= 0 && lines <= manyLines;
              at = text.indexOf(end, at + 1))
             ++lines;
     }
-    return lines > manyLines;
+    TextPieces::Shape shape;
+    shape.sharing = lines > manyLines;
+    const qsizetype least = text.size() / mostBlocks;
+    if (shape.sharing)
+        shape.block = std::max(leastShared, least);
+    shape.seam = std::max(shape.seam, least);
+    return shape;
 }
 
 } // namespace
 
 TextPieces::Shape TextPieces::shapeOf(QStringView text)
 {
-    Shape shape;
-    shape.losesItself = holdsWhatLosesItself(text);
-    shape.sharing = hasManyLines(text);
-    const qsizetype least = text.size() / mostBlocks;
-    if (shape.sharing)
-        shape.block = std::max(leastShared, least);
-    shape.seam = std::max(shape.seam, least);
-    shape.keepsWhole = shape.losesItself || text.size() > largeText;
+    Shape shape = layoutOf(text, {u'\n', u'\r'});
+    shape.keepsWhole = text.size() > largeText || holdsWhatLosesItself(text);
     return shape;
+}
+
+TextPieces::Shape TextPieces::shapeOfUtf8(QByteArrayView bytes)
+{
+    return layoutOf(bytes, {'\n', '\r'});
 }
 
 TextPieces::TextPieces(QStringView text, const Shape &shape)

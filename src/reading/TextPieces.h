@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArrayView>
 #include <QStringView>
 
 /// How a text is laid before the reader. A block of a document is laid out as a whole at every key
@@ -18,12 +19,16 @@ public:
         bool sharing = false;       // lines share blocks, U+2028 between them
         qsizetype block = 16 << 10; // characters that go into the document at once, or into a shared block
         qsizetype seam = 200;       // characters from seam to seam
-        bool losesItself = false;   // a document can't give the text back as it is
         bool keepsWhole = false;    // what was assigned is worth keeping beside the document
     };
 
     /// Reads the whole text: for large ones, ask from another thread.
     static Shape shapeOf(QStringView text);
+    /// Without decoding it, and so without knowing whether the text is to be kept.
+    static Shape shapeOfUtf8(QByteArrayView bytes);
+
+    /// So many characters further on than the position is all that `next` looks at.
+    static constexpr qsizetype reach = 32 << 10;
 
     TextPieces() = default;
     TextPieces(QStringView text, const Shape &shape);
@@ -32,6 +37,8 @@ public:
     /// From where on pieces are still to come.
     qsizetype position() const { return m_from; }
     Piece next();
+    /// Goes on in a text that begins like the one so far.
+    void goOnIn(QStringView text) { m_text = text; }
 
 private:
     Piece take(qsizetype to, qsizetype next, End end);
