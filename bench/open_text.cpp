@@ -1,9 +1,10 @@
 // Opens files in a main window, one after the other, as a person does with the open panel, and says
 // for each what it takes from there: until its first screenful is painted, until nothing is left to do,
 // the longest time for which the event loop was held up, a step of the font slider, and the memory of
-// the process's own. With --bare, the same for a plain text edit that is given the text as a whole.
+// the process's own. With --bare, the same for a plain text edit that is given the text as a whole. With
+// --using, somebody types and moves the slider all the while. A file that the window refuses is said to be.
 //
-//   open_text [--bare] FILE...        names end in .txt
+//   open_text [--bare | --using] FILE...        names end in .txt
 
 #include "app/MainWindow.h"
 #include "reading/TextPane.h"
@@ -12,14 +13,17 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QFileDialog>
+#include <QKeyEvent>
 #include <QSlider>
 #include <QStandardPaths>
+#include <QThreadPool>
 #include <QTimer>
 
 #include <algorithm>
 #include <cstdio>
 #include <fstream>
 #include <functional>
+#include <optional>
 #include <string>
 
 namespace {
@@ -46,16 +50,19 @@ public:
         m_beat.start(1);
     }
 
+    bool isLoaded() const { return m_changed && m_edit->document()->isUndoRedoEnabled(); }
+
     // Milliseconds until the edit has been painted with another text, or whatever else is awaited.
     struct Result {
         double painted = 0, idle = 0, longest = 0;
+        bool refused = false;
     };
 
     Result during(const std::function<void()> &action)
     {
         begin();
-        const auto changes =
-            connect(m_edit->document(), &QTextDocument::contentsChange, this, [this] { m_changed = true; });
+        const auto isFile = [this](int, int removed, int added) { m_changed |= removed > 1 || added > 1; };
+        const auto changes = connect(m_edit->document(), &QTextDocument::contentsChange, this, isFile);
         action();
         while (m_result.idle == 0 && m_clock.elapsed() < 120'000)
             QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
@@ -108,10 +115,14 @@ private:
         const bool late = at - m_last > 4;
         m_result.longest = std::max(m_result.longest, at - m_last - 1);
         m_last = at;
-        if (m_result.painted == 0 || !m_edit->document()->isUndoRedoEnabled() || late)
+        const bool refused = !m_changed && QThreadPool::globalInstance()->activeThreadCount() == 0;
+        const bool done = m_result.painted > 0 && isLoaded();
+        if (!refused && (late || !done)) {
             m_quietBeats = 0;
-        else if (++m_quietBeats == 20)
+        } else if (++m_quietBeats == 20) {
             m_result.idle = at - 20;
+            m_result.refused = refused;
+        }
     }
 
     QPlainTextEdit *m_edit;
@@ -126,13 +137,40 @@ private:
 
 void print(const char *name, const Watch::Result &result, double slider)
 {
+    if (result.refused) {
+        std::printf("%-28s refused  after %17.1f  longest block %6.1f\n", name, result.idle,
+                    result.longest);
+        return;
+    }
     std::printf(
         "%-28s first screenful %7.1f  idle %7.1f  longest block %6.1f  slider %6.1f ms  memory %7.1f MB\n",
         name, result.painted, result.idle, result.longest, slider, dirtyMegabytes());
     std::fflush(stdout);
 }
 
-void openInMainWindow(const QStringList &files)
+// A key and a step of the slider in every frame until the text is there.
+class Use : public QObject {
+public:
+    Use(const Watch &watch, TextPane *pane, QSlider *slider)
+    {
+        connect(&m_frame, &QTimer::timeout, this, [this, &watch, pane, slider] {
+            if (watch.isLoaded())
+                return m_frame.stop();
+            for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+                QKeyEvent key(type, Qt::Key_A, Qt::NoModifier, QStringLiteral("a"));
+                QCoreApplication::sendEvent(pane, &key);
+            }
+            slider->setValue(14 + ++m_frames % 8);
+        });
+        m_frame.start(16);
+    }
+
+private:
+    QTimer m_frame;
+    int m_frames = 0;
+};
+
+void openInMainWindow(const QStringList &files, bool isUsed)
 {
     MainWindow window;
     window.resize(1000, 600);
@@ -145,7 +183,13 @@ void openInMainWindow(const QStringList &files)
         window.content().openText();
         auto *dialog = window.findChild<QFileDialog *>();
         dialog->selectFile(file);
-        const auto result = watch.during([dialog] { QMetaObject::invokeMethod(dialog, "accept"); });
+        std::optional<Use> use;
+        const auto result = watch.during([&] {
+            QMetaObject::invokeMethod(dialog, "accept");
+            if (isUsed)
+                use.emplace(watch, pane, slider);
+        });
+        use.reset();
         const double step = watch.untilPainted([slider] { slider->setValue(slider->value() ^ 1); });
         print(qPrintable(QFileInfo(file).fileName()), result, step);
     }
@@ -180,8 +224,9 @@ int main(int argc, char *argv[])
     const QApplication application(argc, argv);
     QStringList files = QApplication::arguments().mid(1);
     const bool bare = files.removeOne(QStringLiteral("--bare"));
+    const bool isUsed = files.removeOne(QStringLiteral("--using"));
     for (QString &file : files)
         file = QFileInfo(file).absoluteFilePath();
-    bare ? openBare(files) : openInMainWindow(files);
+    bare ? openBare(files) : openInMainWindow(files, isUsed);
     return 0;
 }
