@@ -36,8 +36,10 @@ constexpr double uchardetsWord = 30;
 constexpr double dearest = 98;
 // When the likeliest encoding fails, what is this much dearer isn't right but the text is damaged.
 constexpr double nearlyAsLikely = 1.1;
+// What is this much dearer at the beginning won't win.
+constexpr double hopeless = 1.6;
 
-constexpr qsizetype firstSample = 32 << 10, laterSample = 4 << 10;
+constexpr qsizetype firstTaste = 4 << 10, firstSample = 32 << 10, laterSample = 4 << 10;
 constexpr int laterSamples = 4;
 
 // In all these encodings such a byte is a character of its own: before and after it, one may cut.
@@ -96,6 +98,11 @@ struct Finding {
 
 class Search {
 public:
+    explicit Search(const Plausibility &plausibility)
+        : m_plausibility(plausibility)
+    {
+    }
+
     // What fails late in an otherwise plausible text stays in the race: if it wins, the text is damaged.
     void consider(const Candidate &candidate, const QByteArray &sample, double bonus = 0)
     {
@@ -112,13 +119,21 @@ public:
         add({"UTF-8", 40}, QString::fromUtf8(sample), sample.size(), 0, 1);
     }
 
-    std::vector<const char *> ranking()
+    bool found(const Candidate &candidate) const
+    {
+        return std::any_of(m_findings.begin(), m_findings.end(), [&candidate](const Finding &finding) {
+            return finding.encoding == candidate.encoding;
+        });
+    }
+
+    // Those that aren't much dearer than the cheapest, which comes first.
+    std::vector<const char *> ranking(double farthest = nearlyAsLikely)
     {
         std::stable_sort(m_findings.begin(), m_findings.end(),
                          [](const Finding &a, const Finding &b) { return a.dearness < b.dearness; });
         std::vector<const char *> names;
         for (const Finding &finding : m_findings) {
-            if (finding.dearness <= nearlyAsLikely * m_findings.front().dearness)
+            if (finding.dearness <= farthest * m_findings.front().dearness)
                 names.push_back(finding.encoding);
         }
         return names;
@@ -135,15 +150,34 @@ private:
         m_findings.push_back({candidate.encoding, (cost.whole - worth) / double(bytes)});
     }
 
-    const Plausibility m_plausibility;
+    const Plausibility &m_plausibility;
     std::vector<Finding> m_findings;
 };
+
+// A taste tells which ones need not be tried on the whole sample.
+std::vector<Candidate> hopefulOnes(const QByteArray &sample, const Plausibility &plausibility)
+{
+    std::vector<Candidate> hopeful(singleAndDouble.begin(), singleAndDouble.end());
+    if (sample.size() < 2 * firstTaste)
+        return hopeful;
+    const QByteArray taste = cutAtSeams(QByteArrayView(sample).first(firstTaste)).toByteArray();
+    Search search(plausibility);
+    for (const Candidate &candidate : hopeful)
+        search.consider(candidate, taste);
+    const auto near = search.ranking(hopeless);
+    std::erase_if(hopeful, [&](const Candidate &candidate) {
+        return search.found(candidate)
+            && std::find(near.begin(), near.end(), candidate.encoding) == near.end();
+    });
+    return hopeful;
+}
 
 } // namespace
 
 std::vector<const char *> plausibleEncodings(QByteArrayView bytes)
 {
-    Search search;
+    const Plausibility plausibility;
+    Search search(plausibility);
     const QByteArray beginning = bytes.first(std::min(bytes.size(), firstSample)).toByteArray();
     for (const Candidate &candidate : wide) {
         if (bytes.size() % (qstrncmp(candidate.encoding, "UTF-16", 6) == 0 ? 2 : 4) == 0)
@@ -153,7 +187,7 @@ std::vector<const char *> plausibleEncodings(QByteArrayView bytes)
         const QByteArray sample = sampleOf(bytes);
         search.considerDamagedUtf8(sample);
         const QByteArray word = wordOfUchardet(sample);
-        for (const Candidate &candidate : singleAndDouble) {
+        for (const Candidate &candidate : hopefulOnes(sample, plausibility)) {
             const bool heard = word.compare(candidate.encoding, Qt::CaseInsensitive) == 0;
             search.consider(candidate, sample, heard ? uchardetsWord : 0);
         }

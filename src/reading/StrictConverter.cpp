@@ -3,6 +3,8 @@
 #include <unicode/ucnv.h>
 
 #include <algorithm>
+#include <array>
+#include <future>
 #include <memory>
 
 namespace {
@@ -59,55 +61,46 @@ bool isJapanesePc(const char *encoding)
 // The converter's table exchanges three control characters, as the hosts of its origin did.
 void putControlsBack(QString &text)
 {
-    for (QChar &c : text) {
-        if (c == u'\x1a')
-            c = u'\x7f';
-        else if (c == u'\x1c')
-            c = u'\x1a';
-        else if (c == u'\x7f')
-            c = u'\x1c';
-    }
+    const auto meant = [](char16_t c) {
+        return c == u'\x1a' ? u'\x7f' : c == u'\x1c' ? u'\x1a' : c == u'\x7f' ? u'\x1c' : c;
+    };
+    for (QChar &c : text)
+        c = QChar(meant(c.unicode()));
 }
 
 // A vendor's additions to JIS X 0208: circled numbers, unit signs, and ideographs beyond the standard.
-bool isVendorCharacter(QChar c)
+bool isVendorCharacter(char16_t c)
 {
-    const char16_t u = c.unicode();
-    return (u >= 0x2160 && u <= 0x217f) || (u >= 0x2460 && u <= 0x2473) || (u >= 0x3200 && u <= 0x33ff)
-        || (u >= 0xf900 && u <= 0xfaff) || u == u'髙' || u == u'№' || u == u'℡';
+    return (c >= 0x2160 && c <= 0x217f) || (c >= 0x2460 && c <= 0x2473) || (c >= 0x3200 && c <= 0x33ff)
+        || (c >= 0xf900 && c <= 0xfaff) || c == u'髙' || c == u'№' || c == u'℡';
 }
 
-// Seven characters have two names in Unicode: the standard's, and the one of the vendor whose
-// additions these encodings may hold as well. A text without any addition is taken at the standard's
-// word: a wave dash, not a full-width tilde.
+// No early end: so the compiler has many characters looked at at once.
+bool holdsVendorCharacters(QStringView text)
+{
+    bool holds = false;
+    for (const QChar c : text)
+        holds |= isVendorCharacter(c.unicode());
+    return holds;
+}
+
+// Some characters have two names in Unicode: the standard's, and the one of the vendor whose
+// additions these encodings may hold as well.
+struct Names {
+    char16_t vendors, standards;
+};
+constexpr std::array twoNames{
+    Names{u'～', u'\u301c'}, Names{u'－', u'\u2212'}, Names{u'∥', u'\u2016'},
+    Names{u'￠', u'\u00a2'}, Names{u'￡', u'\u00a3'}, Names{u'￢', u'\u00ac'},
+};
+
+// A text without any addition is taken at the standard's word: a wave dash, not a full-width tilde.
 void nameAsTheStandardDoes(QString &text)
 {
-    if (std::any_of(text.begin(), text.end(), isVendorCharacter))
+    if (holdsVendorCharacters(text))
         return;
-    for (QChar &c : text) {
-        switch (c.unicode()) {
-        case u'～':
-            c = u'\u301c';
-            break;
-        case u'－':
-            c = u'\u2212';
-            break;
-        case u'∥':
-            c = u'\u2016';
-            break;
-        case u'￠':
-            c = u'\u00a2';
-            break;
-        case u'￡':
-            c = u'\u00a3';
-            break;
-        case u'￢':
-            c = u'\u00ac';
-            break;
-        default:
-            break;
-        }
-    }
+    for (const Names &names : twoNames)
+        text.replace(QChar(names.vendors), QChar(names.standards));
 }
 
 bool isJapanese(const char *encoding)
@@ -124,15 +117,34 @@ void correct(QString &text, const char *encoding)
         nameAsTheStandardDoes(text);
 }
 
+// Where a large text may be cut in two that are decoded at the same time; its end if nowhere. Such a byte
+// is a character of its own whatever stands around it, unless what it means depends on all that went
+// before.
+qsizetype middle(QByteArrayView bytes, const char *encoding)
+{
+    constexpr qsizetype large = 1 << 20;
+    if (bytes.size() < large || qstrcmp(encoding, "ISO-2022-JP") == 0 || qstrncmp(encoding, "UTF-", 4) == 0)
+        return bytes.size();
+    const auto *cut =
+        std::find_if(bytes.begin() + bytes.size() / 2, bytes.end(), [](char c) { return uchar(c) < 0x30; });
+    return cut - bytes.begin();
+}
+
 } // namespace
 
 std::optional<QString> StrictConverter::decoded(QByteArrayView bytes, const char *encoding)
 {
-    Beginning all = convert(bytes, encoding, true);
-    if (all.bytes != bytes.size())
+    const qsizetype half = middle(bytes, encoding);
+    const auto rest = bytes.sliced(half);
+    auto later = std::async(rest.isEmpty() ? std::launch::deferred : std::launch::async,
+                            [rest, encoding] { return convert(rest, encoding, true); });
+    Beginning first = convert(bytes.first(half), encoding, true);
+    const Beginning second = later.get();
+    if (first.bytes != half || second.bytes != rest.size())
         return std::nullopt;
-    correct(all.text, encoding);
-    return std::move(all.text);
+    QString text = std::move(first.text) + second.text;
+    correct(text, encoding);
+    return text;
 }
 
 StrictConverter::Beginning StrictConverter::decodedBeginning(QByteArrayView bytes, const char *encoding)
