@@ -2,11 +2,13 @@
 #include "reading/ReadingText.h"
 #include "reading/TextPane.h"
 
+#include <QAbstractTextDocumentLayout>
 #include <QAccessible>
 #include <QMimeData>
 #include <QSignalSpy>
 #include <QTest>
 #include <QTextBlock>
+#include <QTextLayout>
 
 using namespace Qt::StringLiterals;
 
@@ -165,6 +167,46 @@ private slots:
         QVERIFY(document.blockCount() > 4);
         pane.undo();
         QCOMPARE(m_text.value(), u"前後"_s);
+    }
+
+    // The lines that are seen break where those of an edit break that knows of no pieces.
+    void noLineEndsEarlyOnTheScreen()
+    {
+        const QString text = longLine(9000) + u"\r\n次の行"_s;
+        Pane pane(m_text, m_size);
+        QPlainTextEdit whole(text.left(2500));
+        const auto lines = [](const QTextDocument &document) {
+            QStringList all;
+            for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+                document.documentLayout()->blockBoundingRect(block);
+                for (int i = 0; i < block.layout()->lineCount(); ++i) {
+                    const QTextLine line = block.layout()->lineAt(i);
+                    all << block.text().mid(line.textStart(), line.textLength());
+                }
+            }
+            return all;
+        };
+        enter(text);
+        for (const int width : {600, 330, 900}) {
+            for (QPlainTextEdit *edit : {static_cast<QPlainTextEdit *>(&pane), &whole}) {
+                edit->setFont(pane.font());
+                edit->resize(width, 600);
+                edit->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+                edit->show();
+            }
+            QTest::qWait(20);
+            const auto seen = pane.cursorForPosition({5, 590}).blockNumber();
+            QVERIFY(seen >= 1 && m_text.document()->isSeamBefore(m_text.document()->findBlockByNumber(1)));
+            QCOMPARE(lines(*m_text.document()).first(16), lines(*whole.document()).first(16));
+        }
+        QCOMPARE(m_text.value(), text);
+        QVERIFY(!m_text.document()->isUndoAvailable());
+        QTest::keyClick(&pane, Qt::Key_X);
+        pane.resize(500, 300);
+        QTest::qWait(20);
+        QVERIFY(m_text.document()->isUndoAvailable());
+        pane.undo();
+        QCOMPARE(m_text.value(), longLine(9000) + u"\n次の行"_s);
     }
 
     void aThirdClickSelectsALine()

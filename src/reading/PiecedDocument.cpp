@@ -1,6 +1,7 @@
 #include "reading/PiecedDocument.h"
 
 #include <QPlainTextDocumentLayout>
+#include <QSignalBlocker>
 #include <QTextBlock>
 #include <QTextCursor>
 
@@ -115,6 +116,41 @@ int PiecedDocument::acrossSeamForward(int position) const
     const QTextBlock next = findBlock(position).next();
     return next.isValid() && position + 1 == next.position() && isSeamBefore(next) ? position + 1
                                                                                    : position;
+}
+
+// Where the line on the screen ends that goes through the position, the position itself if it begins there.
+int PiecedDocument::lineEndFrom(int position) const
+{
+    const QTextBlock block = findBlock(position);
+    documentLayout()->blockBoundingRect(block); // lays it out
+    const QTextLine line = block.layout()->lineForTextPosition(position - block.position());
+    if (!line.isValid() || block.position() + line.textStart() == position)
+        return position;
+    return block.position() + line.textStart() + line.textLength();
+}
+
+// The text stays what it is, so nobody is told of a change.
+void PiecedDocument::fitSeamAfter(QTextBlock block)
+{
+    if (isUndoAvailable() || isRedoAvailable())
+        return;
+    const QSignalBlocker untold(this);
+    const bool undoing = isUndoRedoEnabled();
+    setUndoRedoEnabled(false);
+    const int start = block.position();
+    for (bool isFit = false; !isFit && isSeamBefore(block.next()) && block.next().length() > 1;
+         block = findBlock(start)) {
+        QTextCursor seam(this);
+        seam.setPosition(start + block.length() - 1);
+        seam.deleteChar();
+        const int end = lineEndFrom(seam.position());
+        isFit = end < start + findBlock(start).length() - 1;
+        if (isFit) {
+            seam.setPosition(end);
+            seam.insertBlock(QTextBlockFormat(), separator(End::Seam));
+        }
+    }
+    setUndoRedoEnabled(undoing);
 }
 
 QTextCursor PiecedDocument::lineAround(int position) const

@@ -34,6 +34,11 @@ public:
     int acrossSeamBackward(int position) const;
     int acrossSeamForward(int position) const;
 
+    bool hasSeams() const { return m_hasSeams; }
+    /// Moves the seam behind the block to where a line ends on the screen, so that none ends early there.
+    /// Not while there is something to undo or to redo, which would be lost.
+    void fitSeamAfter(QTextBlock block);
+
     /// Selects the line of the text that is around a position, and its end.
     QTextCursor lineAround(int position) const;
 
@@ -43,6 +48,7 @@ public:
 
 private:
     void put(QTextCursor &cursor, const TextPieces::Piece &piece);
+    int lineEndFrom(int position) const;
     bool isPlain() const { return !m_shape.sharing && !m_hasSeams; }
 
     TextPieces::Shape m_shape;

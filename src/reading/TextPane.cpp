@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <initializer_list>
+#include <utility>
 
 namespace {
 
@@ -39,11 +40,14 @@ TextPane::TextPane(ReadingText &text, const State<double> &fontSize)
             QFont system = QApplication::font();
             system.setPointSizeF(points);
             setFont(system);
+            refitSeams();
         });
     connect(&text, &ReadingText::assigned, this, [this] {
         moveCursor(QTextCursor::Start);
         verticalScrollBar()->setValue(0);
+        fitSeamsInView();
     });
+    connect(&text, &ReadingText::complete, this, &TextPane::fitSeamsInView);
 }
 
 QSize TextPane::sizeHint() const
@@ -131,4 +135,49 @@ void TextPane::mousePressEvent(QMouseEvent *event)
         return;
     setTextCursor(m_document.lineAround(clicked));
     verticalScrollBar()->setValue(scrolled);
+}
+
+void TextPane::scrollContentsBy(int dx, int dy)
+{
+    QPlainTextEdit::scrollContentsBy(dx, dy);
+    fitSeamsInView();
+}
+
+void TextPane::resizeEvent(QResizeEvent *event)
+{
+    QPlainTextEdit::resizeEvent(event);
+    if (event->size().width() != event->oldSize().width())
+        refitSeams();
+    else
+        fitSeamsInView();
+}
+
+void TextPane::refitSeams()
+{
+    ++m_fit;
+    fitSeamsInView();
+}
+
+// Before it is painted, but not in the middle of what changes the view.
+void TextPane::fitSeamsInView()
+{
+    if (!m_document.hasSeams() || std::exchange(m_isFitting, true))
+        return;
+    QMetaObject::invokeMethod(this, &TextPane::fitSeams, Qt::QueuedConnection);
+}
+
+void TextPane::fitSeams()
+{
+    m_isFitting = false;
+    double top = contentOffset().y();
+    for (QTextBlock block = firstVisibleBlock(); block.isValid() && top < viewport()->height();
+         block = block.next()) {
+        const int start = block.position();
+        if (block.userState() != m_fit) {
+            m_document.fitSeamAfter(block);
+            block = m_document.findBlock(start);
+            block.setUserState(m_fit);
+        }
+        top += blockBoundingRect(block).height();
+    }
 }

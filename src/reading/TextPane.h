@@ -27,9 +27,17 @@ protected:
     void insertFromMimeData(const QMimeData *source) override;
     void keyPressEvent(QKeyEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
+    void scrollContentsBy(int dx, int dy) override;
+    void resizeEvent(QResizeEvent *event) override;
 
 private:
     void stepAcrossSeam(const QKeyEvent &event);
+    void refitSeams();
+    void fitSeamsInView();
+    void fitSeams();
 
     PiecedDocument &m_document;
+    int m_fit =
+        0; ///< what blocks are marked with whose lines were last broken for the present width and font
+    bool m_isFitting = false;
 };
