@@ -44,7 +44,7 @@ QString ReadingText::value() const
 {
     if (m_verbatim)
         return *m_verbatim;
-    const QString entering = isDecoded() ? m_entering : QString::fromUtf8(m_undecoded.bytes());
+    QString entering = isDecoded() ? m_entering : QString::fromUtf8(m_undecoded.bytes());
     if (!isDecoded() && !m_isEdited)
         return entering;
     return m_document.text().append(QStringView(entering).sliced(m_pieces.position()));

@@ -142,9 +142,9 @@ std::optional<QString> StrictConverter::decoded(QByteArrayView bytes, const char
     const Beginning second = later.get();
     if (first.bytes != half || second.bytes != rest.size())
         return std::nullopt;
-    QString text = std::move(first.text) + second.text;
-    correct(text, encoding);
-    return text;
+    first.text += second.text;
+    correct(first.text, encoding);
+    return std::move(first.text);
 }
 
 StrictConverter::Beginning StrictConverter::decodedBeginning(QByteArrayView bytes, const char *encoding)
