@@ -1,12 +1,16 @@
 #include "platform/ApplicationFolders.h"
 #include "platform/Host.h"
+#include "platform/Memory.h"
 #include "platform/RegularFile.h"
 #include "platform/WholeFile.h"
 
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <algorithm>
+
 #include <fcntl.h>
+#include <sys/resource.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/un.h>
@@ -62,6 +66,20 @@ private slots:
         QVERIFY(busy && busy->bytes() == large);
         QVERIFY(!FileContent::of(path, 9));
         QCOMPARE(FileContent::of(path, 10)->bytes(), large.first(10));
+    }
+
+    void thereIsAsMuchMemoryAsTheProcessMayHave()
+    {
+        constexpr qint64 gibibyte = 1 << 30;
+        const auto pages = readRegularFile(u"/proc/self/statm"_s, 1 << 20).value().split(' ').first();
+        rlimit before{};
+        QCOMPARE(::getrlimit(RLIMIT_AS, &before), 0);
+        const rlimit little{rlim_t(pages.toLongLong() * ::sysconf(_SC_PAGESIZE) + gibibyte),
+                            before.rlim_max};
+        QCOMPARE(::setrlimit(RLIMIT_AS, &little), 0);
+        const qint64 left = availableMemory();
+        QCOMPARE(::setrlimit(RLIMIT_AS, &before), 0);
+        QVERIFY(left <= gibibyte && left >= std::min(availableMemory(), gibibyte) / 2);
     }
 
     void aFileAppearsWholeOrNotAtAll()

@@ -1,18 +1,25 @@
 #include "reading/TextLoading.h"
 
 #include "platform/Background.h"
+#include "platform/Memory.h"
 #include "platform/RegularFile.h"
 #include "preferences/PreferenceKeys.h"
 #include "preferences/UserDefaults.h"
 #include "reading/ReadingText.h"
 #include "reading/TextDecoding.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
 
-// In bytes. At its largest a text takes four times as much memory on its way into the pane.
-constexpr qint64 largestFile = qint64(1) << 29;
+// In bytes. On its way into the pane a text takes up to five times as much memory as its file: mapped or
+// read, decoded, and in the document.
+qint64 largestFile()
+{
+    return std::min(qint64(1) << 29, availableMemory() / 5);
+}
 
 // Below this many bytes it is decoded before the next frame is due.
 constexpr qsizetype large = 1 << 20;
@@ -25,7 +32,7 @@ struct ReadText {
 
 std::optional<ReadText> readText(const QString &path)
 {
-    auto file = FileContent::of(path, largestFile);
+    auto file = FileContent::of(path, largestFile());
     if (!file)
         return std::nullopt;
     const QByteArrayView bytes = file->bytes();
