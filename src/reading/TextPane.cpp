@@ -9,6 +9,7 @@
 #include <QMimeData>
 #include <QScrollBar>
 #include <QTextBlock>
+#include <QTextLayout>
 
 #include <algorithm>
 #include <initializer_list>
@@ -169,6 +170,9 @@ void TextPane::fitSeamsInView()
 void TextPane::fitSeams()
 {
     m_isFitting = false;
+    // What an input method is composing lies in the layout of its block, and would go with it.
+    if (!textCursor().block().layout()->preeditAreaText().isEmpty())
+        return;
     double top = contentOffset().y();
     for (QTextBlock block = firstVisibleBlock(); block.isValid() && top < viewport()->height();
          block = block.next()) {
