@@ -3,6 +3,8 @@
 #include <QCoreApplication>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QHeaderView>
+#include <QTreeView>
 
 namespace {
 
@@ -30,6 +32,7 @@ public:
             deleteLater();
         });
         m_dialog->open();
+        fitColumns();
     }
 
     std::optional<QUrl> url() const override
@@ -46,6 +49,18 @@ private:
         if (!m_canChooseFiles)
             return QFileDialog::Directory;
         return m_allowsMultipleSelection ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile;
+    }
+
+    // As wide as what is in them; the toolkit's widths are those that it takes in English.
+    void fitColumns()
+    {
+        const auto *list = m_dialog->findChild<QTreeView *>();
+        if (!list)
+            return; // the desktop's own dialog
+        QHeaderView *columns = list->header();
+        columns->setResizeContentsPrecision(0); // only the rows in sight, lest a large folder take long
+        columns->setSectionResizeMode(QHeaderView::ResizeToContents);
+        columns->setSectionResizeMode(0, QHeaderView::Stretch);
     }
 
     // "*.[tT][xX][tT]": desktops differ in whether a pattern minds the letter case.
