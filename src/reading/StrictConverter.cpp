@@ -23,6 +23,24 @@ Converter strictConverter(const char *encoding)
     return converter;
 }
 
+bool isJapanesePc(const char *encoding)
+{
+    return qstrcmp(encoding, "windows-31j") == 0;
+}
+
+// The converter's table exchanges three control characters, as the hosts of its origin did.
+void putControlsBack(QString &text)
+{
+    for (QChar &c : text) {
+        if (c == u'\x1a')
+            c = u'\x7f';
+        else if (c == u'\x1c')
+            c = u'\x1a';
+        else if (c == u'\x7f')
+            c = u'\x1c';
+    }
+}
+
 // Up to the first byte that has no meaning; `whole` says that after the last one nothing follows.
 StrictConverter::Beginning convert(QByteArrayView bytes, const char *encoding, bool whole)
 {
@@ -42,30 +60,14 @@ StrictConverter::Beginning convert(QByteArrayView bytes, const char *encoding, b
         used = to - begin;
         if (error != U_BUFFER_OVERFLOW_ERROR) {
             text.resize(used);
+            if (isJapanesePc(encoding))
+                putControlsBack(text);
             const bool missed = U_FAILURE(error) && from == bytes.data() + bytes.size();
             return {text, from - bytes.data() - (missed ? 1 : 0)};
         }
         // At the present rate, and a little more.
         const double done = double(from - bytes.data()) / double(bytes.size());
         text.resize(std::max(qsizetype(double(used) / std::max(done, 0.01)), used) + used / 64 + 64);
-    }
-}
-
-bool isJapanesePc(const char *encoding)
-{
-    return qstrcmp(encoding, "windows-31j") == 0;
-}
-
-// The converter's table exchanges three control characters, as the hosts of its origin did.
-void putControlsBack(QString &text)
-{
-    for (QChar &c : text) {
-        if (c == u'\x1a')
-            c = u'\x7f';
-        else if (c == u'\x1c')
-            c = u'\x1a';
-        else if (c == u'\x7f')
-            c = u'\x1c';
     }
 }
 
@@ -116,14 +118,6 @@ bool isJapanese(const char *encoding)
         || qstrcmp(encoding, "ISO-2022-JP") == 0;
 }
 
-void correct(QString &text, const char *encoding)
-{
-    if (isJapanesePc(encoding))
-        putControlsBack(text);
-    if (isJapanese(encoding))
-        nameAsTheStandardDoes(text);
-}
-
 } // namespace
 
 std::optional<QString> StrictConverter::decoded(QByteArrayView bytes, const char *encoding)
@@ -131,7 +125,8 @@ std::optional<QString> StrictConverter::decoded(QByteArrayView bytes, const char
     Beginning all = convert(bytes, encoding, true);
     if (all.bytes != bytes.size())
         return std::nullopt;
-    correct(all.text, encoding);
+    if (isJapanese(encoding))
+        nameAsTheStandardDoes(all.text);
     return std::move(all.text);
 }
 
