@@ -12,7 +12,5 @@
 std::optional<QByteArray> readRegularFile(const std::filesystem::path &path, qint64 limit);
 std::optional<QByteArray> readRegularFile(const QString &path, qint64 limit);
 
-bool isRegularFile(const QString &path);
-
 /// Whether an ordinary file stands there that this user may execute.
 bool isProgram(const std::filesystem::path &file);

@@ -43,11 +43,6 @@ bool isRegularFile(const char *path)
 
 } // namespace
 
-bool isRegularFile(const QString &path)
-{
-    return isRegularFile(QFile::encodeName(path).constData());
-}
-
 std::optional<QByteArray> readRegularFile(const QString &path, qint64 limit)
 {
     return readRegularFile(std::filesystem::path(QFile::encodeName(path).toStdString()), limit);
