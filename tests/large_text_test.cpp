@@ -137,6 +137,16 @@ private slots:
         QCOMPARE(m_text.value(), u"前後"_s);
     }
 
+    void noSeamIsInsideACharacter()
+    {
+        const QString family = u"👨‍👩‍👧‍👦"_s;
+        enter(family.repeated(1000));
+        const PiecedDocument &document = *m_text.document();
+        QVERIFY(document.blockCount() > 1);
+        for (QTextBlock block = document.begin(); block.isValid(); block = block.next())
+            QCOMPARE(block.text().size() % family.size(), 0);
+    }
+
     void aThirdClickSelectsALine()
     {
         Pane pane(m_text, m_size);
