@@ -16,6 +16,7 @@ public:
         : OpenPanel(window)
         , m_dialog(new QFileDialog(window))
     {
+        m_dialog->setWindowTitle(tr("開く")); // the desktop's own dialog has none by itself
         m_dialog->setWindowModality(Qt::WindowModal);
         m_dialog->setAcceptMode(QFileDialog::AcceptOpen);
         m_dialog->setOption(QFileDialog::HideNameFilterDetails);
