@@ -202,6 +202,32 @@ private slots:
         QVERIFY(!pages.wants(1) && pages.wants(2) && pages.wants(3) && !pages.wants(4));
     }
 
+    void whatIsChosenForAFileIsDoneByTheDocument()
+    {
+        PrintInfo info;
+        info.paperSize = {420, 595}; // A5
+        info.leftMargin = 30;
+        info.bottomMargin = 40;
+        info.jobDisposition = PrintInfo::JobDisposition::Save;
+        info.jobSavingPath = m_folder.filePath(u"a.pdf"_s);
+        QPrinter printer;
+        preset(printer, info);
+        printer.setCopyCount(2);
+        printer.setPageOrder(QPrinter::LastPageFirst);
+        printer.setColorMode(QPrinter::GrayScale);
+
+        const PrintTarget target = chosenTarget(printer);
+        QCOMPARE(target.file, info.jobSavingPath);
+        QVERIFY(target.queue.isEmpty() && target.options.empty());
+        const PdfSettings pages = chosenPages(printer, {.width = 100});
+        QCOMPARE(pages.format.width, 420.0);
+        QCOMPARE(pages.format.height, 595.0);
+        QCOMPARE(pages.format.left, 30.0);
+        QCOMPARE(pages.format.bottom, 40.0);
+        QCOMPARE(pages.format.longestLine, 100.0);
+        QVERIFY(pages.copies == 2 && pages.lastFirst && pages.grey && !pages.wants);
+    }
+
     void aPrinterThatTakesNoJobsSaysWhy()
     {
         {
