@@ -3,6 +3,7 @@
 #include "browsers/InstalledBrowsers.h"
 #include "platform/FileName.h"
 #include "platform/linux/DesktopEntries.h"
+#include "platform/linux/EntrySearch.h"
 
 #include <QAbstractItemView>
 #include <QComboBox>
@@ -16,6 +17,7 @@
 #include <fstream>
 
 #include <fcntl.h>
+#include <pwd.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -136,6 +138,21 @@ private slots:
         fs::remove(config / "mimeapps.list");
         QCOMPARE(found.size(), size_t(1));
         QCOMPARE(found[0].icon, u"associated"_s);
+        write(inRoot("system/mimeapps.list"), "[Default Applications]\nx-scheme-handler/http=a.desktop\n");
+        write(inRoot("others/mimeapps.list"), "[Default Applications]\ntext/plain=a.desktop\n");
+        QVERIFY(searchRegistry({inRoot("others"), inRoot("system")}).hasAssociations);
+        QVERIFY(!searchRegistry({inRoot("others")}).hasAssociations);
+    }
+
+    void theHomeFolderIsKnownWithoutTheEnvironment()
+    {
+        const QByteArray home = qgetenv("HOME");
+        qunsetenv("HOME");
+        const fs::path own = BundleFolders::standard().own;
+        qputenv("HOME", home);
+        if (const passwd *user = ::getpwuid(::geteuid()))
+            QCOMPARE(own, fs::path(user->pw_dir) / "Applications");
+        QCOMPARE(BundleFolders::standard().own, fs::path(home.toStdString()) / "Applications");
     }
 
     void bundlesAreFoundByTheirNames_data()

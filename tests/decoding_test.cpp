@@ -38,6 +38,10 @@ private slots:
             << QByteArray("8740878aeee0ed9582b382f182cc8782825681608756") << u"①㈱髙﨑さんの№７～Ⅲ"_s;
         QTest::newRow("characters with two names")
             << QByteArray("8be38e9e81608cdc8e9e8141817c82529378") << u"九時〜五時、−３度"_s;
+        QTest::newRow("signs with two names, and the mark of the end that DOS set")
+            << QByteArray("92a9814196da82aa8a6f82df82bd82cc82c5918b82f08a4a82af82bd8142816135819182c6338192"
+                          "814181ca4181421a")
+            << u"朝、目が覚めたので窓を開けた。‖5¢と3£、¬A。\x1a"_s;
         QTest::newRow("simplified Chinese")
             << QByteArray("c7ebcfc8b1a3b4e6cec4bcfea3acc8bbbaf3d6d8d0c2c6f4b6afb3ccd0f2a1a3")
             << u"请先保存文件，然后重新启动程序。"_s;
@@ -59,6 +63,8 @@ private slots:
     {
         const auto decoded = decodedText(QByteArray(100'000, '-') + "\x92\xa9\x82\xcc\x8b\x4c\x98\x5e");
         QCOMPARE(decoded, QString(100'000, u'-') + u"朝の記録"_s);
+        const QByteArray line("\x92\xa9\x82\xcc\x8b\x4c\x98\x5e\r\n");
+        QCOMPARE(decodedText(line.repeated(20'000)), u"朝の記録\r\n"_s.repeated(20'000));
     }
 
     void whatIsUtf8IsWhatTheToolkitSays()

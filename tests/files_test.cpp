@@ -8,6 +8,8 @@
 #include <QTest>
 
 #include <algorithm>
+#include <cerrno>
+#include <csignal>
 
 #include <fcntl.h>
 #include <sys/resource.h>
@@ -116,6 +118,20 @@ private slots:
         QVERIFY(QDir(folder).removeRecursively());
         QVERIFY(!file.commit());
         QVERIFY(file.error() != 0);
+
+        WholeFile full(m_folder.filePath(u"full.pdf"_s).toStdString());
+        rlimit before{};
+        QCOMPARE(::getrlimit(RLIMIT_FSIZE, &before), 0);
+        const rlimit small{4, before.rlim_max};
+        const auto signalBefore = std::signal(SIGXFSZ, SIG_IGN);
+        QCOMPARE(::setrlimit(RLIMIT_FSIZE, &small), 0);
+        const bool written = full.write("a longer text", 13);
+        ::setrlimit(RLIMIT_FSIZE, &before);
+        std::signal(SIGXFSZ, signalBefore);
+        QVERIFY(!written);
+        QCOMPARE(full.error(), EFBIG);
+        QVERIFY(!full.write("x", 1) && !full.commit()); // once some is lost, the rest is no use
+        QVERIFY(!QFile::exists(m_folder.filePath(u"full.pdf"_s)));
     }
 
     void nothingButAnOrdinaryFileIsRead_data()

@@ -209,6 +209,16 @@ private slots:
         QCOMPARE(m_text.value(), longLine(9000) + u"\n次の行"_s);
     }
 
+    void noSeamIsInsideACharacter()
+    {
+        const QString family = u"👨‍👩‍👧‍👦"_s;
+        enter(family.repeated(1000));
+        const PiecedDocument &document = *m_text.document();
+        QVERIFY(document.blockCount() > 1);
+        for (QTextBlock block = document.begin(); block.isValid(); block = block.next())
+            QCOMPARE(block.text().size() % family.size(), 0);
+    }
+
     void aThirdClickSelectsALine()
     {
         Pane pane(m_text, m_size);

@@ -3,9 +3,13 @@
 #include <QColor>
 #include <QImage>
 #include <QProcess>
+#include <QRectF>
 #include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTest>
+
+#include <algorithm>
+#include <map>
 
 using namespace Qt::StringLiterals;
 
@@ -16,6 +20,7 @@ class PdfTest : public QObject {
     QTemporaryDir m_folder;
     QString m_file = m_folder.filePath(u"text.pdf"_s);
     PdfProgress m_progress;
+    const QRegularExpression m_directions{u"[\u202a-\u202e]"_s}; // as the reader marks them
 
     PdfResult write(const QString &text, const PdfSettings &settings = {})
     {
@@ -45,6 +50,20 @@ class PdfTest : public QObject {
         return text.remove(blanks);
     }
 
+    // With their places on the page.
+    QList<std::pair<QString, QRectF>> words() const
+    {
+        static const QRegularExpression box(
+            u"<word xMin=\"([^\"]+)\" yMin=\"([^\"]+)\" xMax=\"([^\"]+)\" yMax=\"([^\"]+)\">([^<]*)"_s);
+        QList<std::pair<QString, QRectF>> all;
+        for (const auto &word : box.globalMatch(read({u"-bbox"_s}))) {
+            const auto number = [&](int i) { return word.captured(i).toDouble(); };
+            all.emplaceBack(word.captured(5).remove(m_directions),
+                            QRectF(QPointF(number(1), number(2)), QPointF(number(3), number(4))));
+        }
+        return all;
+    }
+
     static QString prose()
     {
         QString text;
@@ -71,6 +90,8 @@ private slots:
         QTest::newRow("an emoji in the middle of words") << u"note2️⃣self 猫🐈‍⬛黒"_s;
         QTest::newRow("parentheses, backslashes, and codes that would be line ends")
             << u"(a\\(b)\\n) čĊ ഊ"_s;
+        QTest::newRow("marks that no character has with its letter")
+            << u"q\u0302\u0301 Q\u0301 g\u0323 か\u20dd 日\u20de ❤\ufe0e"_s;
         QTest::newRow("nothing to be seen") << u"a\u200bb\u00adc\ufeffd\u2060e"_s;
         QString rare;
         for (char32_t c = 0xf0000; c < 0xf0600; ++c)
@@ -124,15 +145,48 @@ private slots:
             QVERIFY2(text.isEmpty() || !noBegin.contains(text.front()), qPrintable(line));
             QVERIFY2(text.isEmpty() || !noEnd.contains(text.back()), qPrintable(line));
         }
-        static const QRegularExpression box(
-            u"<word xMin=\"([^\"]+)\" yMin=\"([^\"]+)\" xMax=\"([^\"]+)\" yMax=\"([^\"]+)\""_s);
-        int words = 0;
-        for (auto all = box.globalMatch(read({u"-bbox"_s})); all.hasNext(); ++words) {
-            const auto word = all.next();
-            QVERIFY(word.captured(1).toDouble() >= 20 && word.captured(3).toDouble() <= 570.01);
-            QVERIFY(word.captured(2).toDouble() >= 20 && word.captured(4).toDouble() <= 822);
-        }
-        QVERIFY(words > 50);
+        const auto all = words();
+        for (const auto &[word, place] : all)
+            QVERIFY2(QRectF(20, 20, 550.01, 802).contains(place), qPrintable(word));
+        QVERIFY(all.size() > 50);
+    }
+
+    void tabsBringWordsUnderEachOther()
+    {
+        QCOMPARE(write(u"a\tb\tc\nlonger\td\te"_s), PdfResult::Written);
+        const auto all = words();
+        QCOMPARE(all.size(), 6);
+        std::map<QString, double> left;
+        for (const auto &[word, place] : all)
+            left[word] = place.left();
+        QCOMPARE(left[u"b"_s], left[u"d"_s]);
+        QCOMPARE(left[u"c"_s], left[u"e"_s]);
+        QVERIFY(left[u"a"_s] + 20 < left[u"b"_s] && left[u"b"_s] + 20 < left[u"c"_s]);
+    }
+
+    void whatIsWrittenFromTheRightBeginsThere()
+    {
+        QCOMPARE(write(u"שלום עולם 123 abc"_s), PdfResult::Written);
+        auto all = words();
+        std::sort(all.begin(), all.end(),
+                  [](const auto &a, const auto &b) { return a.second.left() > b.second.left(); });
+        // The reader tells of the letters from left to right.
+        const auto asSeen = [](QString word) {
+            std::reverse(word.begin(), word.end());
+            return word;
+        };
+        QStringList fromTheRight;
+        for (const auto &[word, place] : all)
+            fromTheRight += word;
+        QCOMPARE(fromTheRight, QStringList({asSeen(u"שלום"_s), asSeen(u"עולם"_s), u"123"_s, u"abc"_s}));
+        QVERIFY(qAbs(all.front().second.right() - 570) < 1);
+
+        QString pointed = u"שָׁלוֹם"_s; // readers disagree on where the points belong, not on which there are
+        QCOMPARE(write(pointed), PdfResult::Written);
+        QString out = withoutBlanks(read({u"-raw"_s})).remove(m_directions);
+        std::sort(pointed.begin(), pointed.end());
+        std::sort(out.begin(), out.end());
+        QCOMPARE(out, pointed);
     }
 
     void pagesAreTheOnesAskedFor_data()

@@ -47,11 +47,25 @@ protected:
             QSplitterHandle::keyPressEvent(event);
     }
 
-    void paintEvent(QPaintEvent *event) override
+    // A grip that can be made out; the styles draw a few dots in the shade of the window, or nothing.
+    void paintEvent(QPaintEvent *) override
     {
-        QSplitterHandle::paintEvent(event);
-        if (hasFocus())
-            QPainter(this).fillRect(rect(), palette().highlight());
+        QPainter painter(this);
+        if (hasFocus()) {
+            painter.fillRect(rect(), palette().highlight());
+            return;
+        }
+        constexpr int length = 24;
+        constexpr int thickness = 3;
+        const QSize size =
+            orientation() == Qt::Horizontal ? QSize(thickness, length) : QSize(length, thickness);
+        QRect grip(QPoint(), size.boundedTo(this->size()));
+        grip.moveCenter(rect().center());
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(palette().windowText());
+        painter.setOpacity(underMouse() ? 0.7 : 0.45);
+        painter.drawRoundedRect(grip, thickness / 2.0, thickness / 2.0);
     }
 };
 

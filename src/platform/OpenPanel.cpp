@@ -3,6 +3,8 @@
 #include <QCoreApplication>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QHeaderView>
+#include <QTreeView>
 
 namespace {
 
@@ -14,6 +16,7 @@ public:
         : OpenPanel(window)
         , m_dialog(new QFileDialog(window))
     {
+        m_dialog->setWindowTitle(tr("開く")); // the desktop's own dialog has none by itself
         m_dialog->setWindowModality(Qt::WindowModal);
         m_dialog->setAcceptMode(QFileDialog::AcceptOpen);
         m_dialog->setOption(QFileDialog::HideNameFilterDetails);
@@ -30,6 +33,7 @@ public:
             deleteLater();
         });
         m_dialog->open();
+        fitColumns();
     }
 
     std::optional<QUrl> url() const override
@@ -46,6 +50,18 @@ private:
         if (!m_canChooseFiles)
             return QFileDialog::Directory;
         return m_allowsMultipleSelection ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile;
+    }
+
+    // As wide as what is in them; the toolkit's widths are those that it takes in English.
+    void fitColumns()
+    {
+        const auto *list = m_dialog->findChild<QTreeView *>();
+        if (!list)
+            return; // the desktop's own dialog
+        QHeaderView *columns = list->header();
+        columns->setResizeContentsPrecision(0); // only the rows in sight, lest a large folder take long
+        columns->setSectionResizeMode(QHeaderView::ResizeToContents);
+        columns->setSectionResizeMode(0, QHeaderView::Stretch);
     }
 
     // "*.[tT][xX][tT]": desktops differ in whether a pattern minds the letter case.

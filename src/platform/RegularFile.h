@@ -32,7 +32,5 @@ private:
     QByteArrayView m_bytes;
 };
 
-bool isRegularFile(const QString &path);
-
 /// Whether an ordinary file stands there that this user may execute.
 bool isProgram(const std::filesystem::path &file);

@@ -25,6 +25,21 @@ Converter strictConverter(const char *encoding)
     return converter;
 }
 
+bool isJapanesePc(const char *encoding)
+{
+    return qstrcmp(encoding, "windows-31j") == 0;
+}
+
+// The converter's table exchanges three control characters, as the hosts of its origin did.
+void putControlsBack(QString &text)
+{
+    const auto meant = [](char16_t c) {
+        return c == u'\x1a' ? u'\x7f' : c == u'\x1c' ? u'\x1a' : c == u'\x7f' ? u'\x1c' : c;
+    };
+    for (QChar &c : text)
+        c = QChar(meant(c.unicode()));
+}
+
 // Up to the first byte that has no meaning; `whole` says that after the last one nothing follows.
 StrictConverter::Beginning convert(QByteArrayView bytes, const char *encoding, bool whole)
 {
@@ -44,6 +59,8 @@ StrictConverter::Beginning convert(QByteArrayView bytes, const char *encoding, b
         used = to - begin;
         if (error != U_BUFFER_OVERFLOW_ERROR) {
             text.resize(used);
+            if (isJapanesePc(encoding))
+                putControlsBack(text);
             const bool missed = U_FAILURE(error) && from == bytes.data() + bytes.size();
             return {text, from - bytes.data() - (missed ? 1 : 0)};
         }
@@ -51,21 +68,6 @@ StrictConverter::Beginning convert(QByteArrayView bytes, const char *encoding, b
         const double done = double(from - bytes.data()) / double(bytes.size());
         text.resize(std::max(qsizetype(double(used) / std::max(done, 0.01)), used) + used / 64 + 64);
     }
-}
-
-bool isJapanesePc(const char *encoding)
-{
-    return qstrcmp(encoding, "windows-31j") == 0;
-}
-
-// The converter's table exchanges three control characters, as the hosts of its origin did.
-void putControlsBack(QString &text)
-{
-    const auto meant = [](char16_t c) {
-        return c == u'\x1a' ? u'\x7f' : c == u'\x1c' ? u'\x1a' : c == u'\x7f' ? u'\x1c' : c;
-    };
-    for (QChar &c : text)
-        c = QChar(meant(c.unicode()));
 }
 
 // A vendor's additions to JIS X 0208: circled numbers, unit signs, and ideographs beyond the standard.
@@ -109,14 +111,6 @@ bool isJapanese(const char *encoding)
         || qstrcmp(encoding, "ISO-2022-JP") == 0;
 }
 
-void correct(QString &text, const char *encoding)
-{
-    if (isJapanesePc(encoding))
-        putControlsBack(text);
-    if (isJapanese(encoding))
-        nameAsTheStandardDoes(text);
-}
-
 // Where a large text may be cut in two that are decoded at the same time; its end if nowhere. Such a byte
 // is a character of its own whatever stands around it, unless what it means depends on all that went
 // before.
@@ -143,7 +137,8 @@ std::optional<QString> StrictConverter::decoded(QByteArrayView bytes, const char
     if (first.bytes != half || second.bytes != rest.size())
         return std::nullopt;
     first.text += second.text;
-    correct(first.text, encoding);
+    if (isJapanese(encoding))
+        nameAsTheStandardDoes(first.text);
     return std::move(first.text);
 }
 

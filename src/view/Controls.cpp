@@ -99,6 +99,8 @@ public:
     {
         showIcons();
         view()->window()->setMaximumWidth(std::max(width(), widestPopup));
+        view()->setMinimumWidth(
+            std::min(view()->sizeHintForColumn(0) + view()->frameWidth() * 2, widestPopup));
         QComboBox::showPopup();
     }
 

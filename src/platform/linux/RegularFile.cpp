@@ -121,11 +121,6 @@ std::optional<QByteArray> readToEnd(const OpenFile &file, qint64 limit)
 
 } // namespace
 
-bool isRegularFile(const QString &path)
-{
-    return isRegularFile(QFile::encodeName(path).constData());
-}
-
 std::optional<QByteArray> readRegularFile(const QString &path, qint64 limit)
 {
     return readRegularFile(std::filesystem::path(QFile::encodeName(path).toStdString()), limit);

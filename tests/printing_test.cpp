@@ -1,0 +1,279 @@
+#include "printing/PrintWork.h"
+
+#include <QFile>
+#include <QPrinter>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <atomic>
+#include <functional>
+#include <map>
+#include <thread>
+#include <vector>
+
+#include <cups/cups.h>
+#include <poll.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// A print system with one printer, at a socket of its own.
+class PrintSystem {
+public:
+    explicit PrintSystem(const QString &socket)
+        : m_address(address(socket))
+        , m_listener(httpAddrListen(&m_address, 0))
+        , m_thread([this] { serve(); })
+    {
+    }
+    ~PrintSystem()
+    {
+        end();
+        httpAddrClose(&m_address, m_listener);
+    }
+    void end() // what it has been told is to be looked at after that
+    {
+        m_ends = true;
+        if (m_thread.joinable())
+            m_thread.join();
+    }
+
+    ipp_status_t answer = IPP_STATUS_OK; // to a new job
+    std::function<void()> onDocument = [] {};
+    std::map<ipp_op_t, std::map<std::string, std::string>> asked;
+    QByteArray document;
+
+private:
+    static http_addr_t address(const QString &socket)
+    {
+        http_addr_t address{};
+        address.un.sun_family = AF_LOCAL;
+        qstrncpy(address.un.sun_path, qPrintable(socket), sizeof(address.un.sun_path));
+        return address;
+    }
+
+    // Several connections at a time: the client's library has one of its own beside ours.
+    void serve()
+    {
+        std::vector<http_t *> clients;
+        while (!m_ends) {
+            std::vector<pollfd> watched{{m_listener, POLLIN, 0}};
+            for (http_t *client : clients)
+                watched.push_back({httpGetFd(client), POLLIN, 0});
+            ::poll(watched.data(), watched.size(), 20);
+            for (std::size_t i = watched.size() - 1; i > 0; --i) {
+                if (watched[i].revents && !serveRequest(clients[i - 1])) {
+                    httpClose(clients[i - 1]);
+                    clients.erase(clients.begin() + std::ptrdiff_t(i - 1));
+                }
+            }
+            if (watched[0].revents)
+                clients.push_back(httpAcceptConnection(m_listener, 1));
+        }
+        for (http_t *client : clients)
+            httpClose(client);
+    }
+
+    bool serveRequest(http_t *http)
+    {
+        char resource[1024];
+        http_state_t state = HTTP_STATE_WAITING;
+        while (state == HTTP_STATE_WAITING)
+            state = httpReadRequest(http, resource, sizeof(resource));
+        if (state != HTTP_STATE_POST)
+            return false;
+        http_status_t status = HTTP_STATUS_CONTINUE;
+        while (status == HTTP_STATUS_CONTINUE)
+            status = httpUpdate(http);
+        if (httpGetExpect(http) == HTTP_STATUS_CONTINUE)
+            httpWriteResponse(http, HTTP_STATUS_CONTINUE);
+        const std::unique_ptr<ipp_t, decltype(&ippDelete)> request(ippNew(), ippDelete);
+        ipp_state_t read = IPP_STATE_IDLE;
+        while (read != IPP_STATE_DATA && read != IPP_STATE_ERROR)
+            read = ippRead(http, request.get());
+        return read == IPP_STATE_DATA && respond(http, request.get());
+    }
+
+    bool respond(http_t *http, ipp_t *request)
+    {
+        const ipp_op_t operation = ippGetOperation(request);
+        auto &attributes = asked[operation];
+        for (auto *one = ippFirstAttribute(request); one; one = ippNextAttribute(request)) {
+            char value[1024] = {};
+            ippAttributeString(one, value, sizeof(value));
+            attributes[ippGetName(one) ? ippGetName(one) : ""] = value;
+        }
+        if (operation == IPP_OP_SEND_DOCUMENT && !takeDocument(http))
+            return false;
+        const std::unique_ptr<ipp_t, decltype(&ippDelete)> response(ippNewResponse(request), ippDelete);
+        ippSetStatusCode(response.get(), operation == IPP_OP_CREATE_JOB ? answer : IPP_STATUS_OK);
+        if (operation == IPP_OP_CREATE_JOB)
+            ippAddInteger(response.get(), IPP_TAG_JOB, IPP_TAG_INTEGER, "job-id", 7);
+        ippAddString(response.get(), IPP_TAG_PRINTER, IPP_TAG_NAME, "printer-name", nullptr, "office");
+        ippAddString(response.get(), IPP_TAG_PRINTER, IPP_TAG_URI, "printer-uri-supported", nullptr,
+                     "ipp://localhost/printers/office");
+        if (httpGetState(http) != HTTP_STATE_POST_SEND)
+            httpFlush(http);
+        httpClearFields(http);
+        httpSetField(http, HTTP_FIELD_CONTENT_TYPE, "application/ipp");
+        httpSetLength(http, ippLength(response.get()));
+        if (httpWriteResponse(http, HTTP_STATUS_OK) < 0)
+            return false;
+        ippSetState(response.get(), IPP_STATE_IDLE);
+        const bool written = ippWrite(http, response.get()) == IPP_STATE_DATA;
+        httpFlushWrite(http);
+        return written;
+    }
+
+    bool takeDocument(http_t *http)
+    {
+        char room[8192];
+        ssize_t got = 0;
+        while ((got = httpRead2(http, room, sizeof(room))) > 0) {
+            document.append(room, got);
+            onDocument();
+        }
+        return got == 0;
+    }
+
+    http_addr_t m_address;
+    int m_listener;
+    std::atomic<bool> m_ends = false;
+    std::thread m_thread;
+};
+
+} // namespace
+
+class PrintingTest : public QObject {
+    Q_OBJECT
+
+    QTemporaryDir m_folder;
+    const QString m_socket = m_folder.filePath(u"print.sock"_s);
+    PdfProgress m_progress;
+
+private slots:
+    void initTestCase() { cupsSetServer(qPrintable(m_socket)); }
+
+    void aPrinterGetsTheDocumentAndWhatWasChosen()
+    {
+        PrintSystem system(m_socket);
+        const PrintTarget target{
+            .queue = u"office/duplex"_s,
+            .options = {{"copies", "2"}, {"media", "A5"}, {"sides", "two-sided-long-edge"}}};
+        const PrintOutcome outcome = print(u"本文"_s, {.title = "名称未設定"}, target, m_progress);
+        system.end();
+        QCOMPARE(outcome.result, PdfResult::Written);
+        auto &job = system.asked[IPP_OP_CREATE_JOB];
+        QVERIFY(QByteArray(job["printer-uri"].c_str()).endsWith("/printers/office"));
+        QCOMPARE(job["job-name"], "名称未設定");
+        QCOMPARE(job["copies"], "2");
+        QCOMPARE(job["sides"], "two-sided-long-edge");
+        QVERIFY(system.document.startsWith("%PDF-") && system.document.trimmed().endsWith("%%EOF"));
+        QCOMPARE(system.asked.count(IPP_OP_CANCEL_JOB), 0u);
+    }
+
+    void whatIsChosenInTheDialogIsAskedOfThePrinter()
+    {
+        PrintSystem system(m_socket);
+        QPrinter printer;
+        printer.setPrinterName(u"office"_s);
+        QCOMPARE(printer.outputFormat(), QPrinter::NativeFormat);
+        printer.setPageSize(QPageSize(QPageSize::A5));
+        printer.setCopyCount(3);
+        printer.setCollateCopies(false);
+        printer.setPageOrder(QPrinter::LastPageFirst);
+        printer.setColorMode(QPrinter::GrayScale);
+        printer.setPrintRange(QPrinter::PageRange);
+        printer.setFromTo(2, 3);
+
+        const PrintTarget target = chosenTarget(printer);
+        QCOMPARE(target.queue, u"office"_s);
+        QVERIFY(target.file.isEmpty());
+        const std::map<std::string, std::string> options(target.options.begin(), target.options.end());
+        const std::map<std::string, std::string> expected{
+            {"media", "A5"},        {"copies", "3"},
+            {"Collate", "false"},   {"outputorder", "reverse"},
+            {"sides", "one-sided"}, {"print-color-mode", "monochrome"}};
+        QVERIFY(options == expected);
+        const PdfSettings pages = chosenPages(printer, {.width = 100});
+        QCOMPARE(pages.copies, 1); // the printer makes the others
+        QCOMPARE(pages.lastPage, 3);
+        QVERIFY(!pages.wants(1) && pages.wants(2) && pages.wants(3) && !pages.wants(4));
+    }
+
+    void whatIsChosenForAFileIsDoneByTheDocument()
+    {
+        PrintInfo info;
+        info.paperSize = {420, 595}; // A5
+        info.leftMargin = 30;
+        info.bottomMargin = 40;
+        info.jobDisposition = PrintInfo::JobDisposition::Save;
+        info.jobSavingPath = m_folder.filePath(u"a.pdf"_s);
+        QPrinter printer;
+        preset(printer, info);
+        printer.setCopyCount(2);
+        printer.setPageOrder(QPrinter::LastPageFirst);
+        printer.setColorMode(QPrinter::GrayScale);
+
+        const PrintTarget target = chosenTarget(printer);
+        QCOMPARE(target.file, info.jobSavingPath);
+        QVERIFY(target.queue.isEmpty() && target.options.empty());
+        const PdfSettings pages = chosenPages(printer, {.width = 100});
+        QCOMPARE(pages.format.width, 420.0);
+        QCOMPARE(pages.format.height, 595.0);
+        QCOMPARE(pages.format.left, 30.0);
+        QCOMPARE(pages.format.bottom, 40.0);
+        QCOMPARE(pages.format.longestLine, 100.0);
+        QVERIFY(pages.copies == 2 && pages.lastFirst && pages.grey && !pages.wants);
+    }
+
+    void aPrinterThatTakesNoJobsSaysWhy()
+    {
+        {
+            PrintSystem system(m_socket);
+            system.answer = IPP_STATUS_ERROR_NOT_ACCEPTING_JOBS;
+            const PrintOutcome outcome = print(u"本文"_s, {}, {.queue = u"office"_s}, m_progress);
+            system.end();
+            QCOMPARE(outcome.result, PdfResult::Failed);
+            QVERIFY(!outcome.reason.isEmpty());
+            QVERIFY(system.document.isEmpty());
+        }
+        const PrintOutcome outcome = print(u"本文"_s, {}, {.queue = u"office"_s}, m_progress);
+        QCOMPARE(outcome.result, PdfResult::Failed); // nobody is there
+        QVERIFY(!outcome.reason.isEmpty());
+    }
+
+    void aCancelledJobIsTakenBack()
+    {
+        PrintSystem system(m_socket);
+        PdfProgress progress;
+        system.onDocument = [&] { progress.cancelled = true; };
+        const PrintOutcome outcome = print(QString(1'000'000, u'あ'), {}, {.queue = u"office"_s}, progress);
+        system.end();
+        QCOMPARE(outcome.result, PdfResult::Cancelled);
+        QCOMPARE(system.asked[IPP_OP_CANCEL_JOB]["job-id"], "7");
+        QVERIFY(!system.document.contains("%%EOF"));
+    }
+
+    void whatCannotBeSavedSaysWhy()
+    {
+        const auto reason = [&](const QString &file) {
+            const PrintOutcome outcome = print(u"本文"_s, {}, {.file = file}, m_progress);
+            return outcome.result == PdfResult::Failed ? outcome.reason : QString();
+        };
+        QCOMPARE(reason(m_folder.filePath(u"gone/a.pdf"_s)), u"保存先のフォルダがありません。"_s);
+        QCOMPARE(reason(m_folder.path()), u"その名前のフォルダがあります。"_s);
+        if (QFile::exists(u"/sys/kernel"_s)) // where not even root writes
+            QCOMPARE(reason(u"/sys/a.pdf"_s), u"そこに書き込むことは許可されていません。"_s);
+        QVERIFY(!reason(u"/dev/null"_s).isEmpty());
+        PdfProgress cancelled;
+        cancelled.cancelled = true;
+        const QString file = m_folder.filePath(u"a.pdf"_s);
+        QCOMPARE(print(u"本文"_s, {}, {.file = file}, cancelled).result, PdfResult::Cancelled);
+        QVERIFY(!QFile::exists(file));
+    }
+};
+
+QTEST_MAIN(PrintingTest)
+#include "printing_test.moc"
