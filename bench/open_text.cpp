@@ -61,7 +61,9 @@ public:
     Result during(const std::function<void()> &action)
     {
         begin();
-        const auto isFile = [this](int, int removed, int added) { m_changed |= removed > 1 || added > 1; };
+        const auto isFile = [this](int, int removed, int added) {
+            m_changed |= removed != 0 || added != 1;
+        };
         const auto changes = connect(m_edit->document(), &QTextDocument::contentsChange, this, isFile);
         action();
         while (m_result.idle == 0 && m_clock.elapsed() < 120'000)
