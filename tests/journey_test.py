@@ -200,7 +200,8 @@ class Journey(unittest.TestCase):
         pdf = os.path.join(downloads, "名称未設定.pdf")
         self.press("push button", "簡易PDF")  # there is no such folder yet
         os.makedirs(downloads)
-        keys("a", "b", "c")  # into the text
+        wait_for(lambda: self.find("text", "テキスト").getState().contains(pyatspi.STATE_FOCUSED))
+        keys("a", "b", "c")
         self.press("push button", "簡易PDF")
         window("印刷")
         keys("Escape")
