@@ -67,6 +67,15 @@ private slots:
         QCOMPARE(decodedText(line.repeated(20'000)), u"朝の記録\r\n"_s.repeated(20'000));
     }
 
+    void ofALargeTextNothingIsLostInTheMiddle()
+    {
+        const auto line =
+            QByteArray::fromHex("92a9814196da82aa8a6f82df82bd82cc82c5918b82f08a4a82af82bd81420a");
+        QCOMPARE(decodedText(line.repeated(40'001)),
+                 u"朝、目が覚めたので窓を開けた。\n"_s.repeated(40'001));
+        QVERIFY(!decodedText(QByteArray("朝の記録").repeated(100'000).chopped(1)));
+    }
+
     void whatIsUtf8IsWhatTheToolkitSays()
     {
         // Each begins and ends a range: of bytes that lead, that follow, and that never are.
