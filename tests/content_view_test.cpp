@@ -1,4 +1,3 @@
-#include "main_window/Columns.h"
 #include "main_window/ContentView.h"
 #include "reading/OpeningMessage.h"
 #include "reading/TextPane.h"
@@ -9,7 +8,6 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QScrollArea>
-#include <QScrollBar>
 #include <QSlider>
 #include <QTemporaryDir>
 #include <QTest>
@@ -113,31 +111,22 @@ private slots:
         QCOMPARE(visibleTexts(*view), QStringList{u"何も選択されていません"_s});
     }
 
-    void aNewWindowStartsFromTheStore()
+    void aNewWindowStartsFromTheStoreAndWhatItIsGiven()
     {
-        m_store.setInteger(1, Key::IntKeyToggle2);
-        m_store.setString(u"保存"_s, Key::StringKeyPX5);
-        const ContentView seeded(m_surroundings);
-        QCOMPARE(seeded.sp2.value(), 1);
-        QCOMPARE(seeded.uString.value(), u"保存"_s);
-        m_store.setInteger(0, Key::IntKeyToggle2);
-        QCOMPARE(seeded.sp2.value(), 1); // an open window keeps what it was seeded with
-    }
-
-    void givenValuesStandInForTheDefaults()
-    {
-        const QString stored = QTemporaryDir().path() + u"/none.conf"_s;
-        UserDefaults empty(stored);
-        empty.setInteger(6, Key::IntKeyToggle2);
-        Surroundings surroundings{empty, m_host, m_workspace, newOpenPanel, newPrintOperation, {}};
+        UserDefaults store(m_folder.filePath(u"another.conf"_s));
+        store.setInteger(6, Key::IntKeyToggle2);
+        Surroundings surroundings{store, m_host, m_workspace, newOpenPanel, newPrintOperation, {}};
         ContentView given({.uString = u"代わり"_s, .sp1 = 4}, surroundings);
         QCOMPARE(given.uString.value(), u"代わり"_s);
-        QCOMPARE(empty.string(Key::StringKeyPX5), std::nullopt);
+        QCOMPARE(store.string(Key::StringKeyPX5), std::nullopt);
         QCOMPARE(given.sp1.value(), 4);
         QCOMPARE(given.sp2.value(), 6);
         QCOMPARE(ContentView({.sp2 = 9}, surroundings).sp2.value(), 9);
         given.uString = u"書いた"_s;
-        QCOMPARE(empty.string(Key::StringKeyPX5), u"書いた"_s);
+        QCOMPARE(store.string(Key::StringKeyPX5), u"書いた"_s);
+        QCOMPARE(ContentView(surroundings).uString.value(), u"書いた"_s);
+        store.setInteger(0, Key::IntKeyToggle2);
+        QCOMPARE(given.sp2.value(), 6); // an open window keeps what it was seeded with
     }
 
     void selectingARowShowsWhoAndWhere()

@@ -1,22 +1,16 @@
+#include "Cases.h"
 #include "platform/OpenPanel.h"
 #include "preferences/PreferenceKeys.h"
 #include "preferences/UserDefaults.h"
-#include "reading/FontSize.h"
 #include "reading/OpeningMessage.h"
-#include "reading/ReadingControls.h"
 #include "reading/ReadingText.h"
 #include "reading/TextLoading.h"
 #include "reading/TextPane.h"
 
 #include <QFileDialog>
-#include <QLabel>
-#include <QLineEdit>
 #include <QMimeData>
-#include <QScrollBar>
 #include <QSignalSpy>
-#include <QSlider>
 #include <QTemporaryDir>
-#include <QTest>
 #include <QThreadPool>
 
 using namespace Qt::StringLiterals;
@@ -57,12 +51,9 @@ class ReadingTest : public QObject {
     State<qint64> m_sp1, m_sp2;
     TextLoading m_loading{m_text, m_sp1, m_sp2, m_store, [this](QWidget *) { return &m_panel; }};
 
-    QString write(const QString &name, const QByteArray &content)
+    QString write(const QString &name, const QByteArray &content) const
     {
-        QFile file(m_folder.filePath(name));
-        if (!file.open(QFile::WriteOnly) || file.write(content) != content.size())
-            qFatal("can't write %s", qPrintable(name));
-        return file.fileName();
+        return written(m_folder.filePath(name), content);
     }
 
     void pick(const QString &path)
@@ -87,36 +78,27 @@ private slots:
         QVERIFY(openingMessage().endsWith(u"簡易PDF出力（仮）が可能です。"));
     }
 
-    void theTextIsWhatWasAssigned_data()
-    {
-        QTest::addColumn<QString>("text");
-        QTest::newRow("nothing") << QString(u""_s);
-        QTest::newRow("several lines") << u"一\n\n三\n"_s;
-        QTest::newRow("no-break and ideographic spaces") << u"a\u00a0b　c\u3000"_s;
-        QTest::newRow("every kind of line end") << u"a\r\nb\rc\nd\u0085e\u2028f\u2029g\vh\fi"_s;
-        QTest::newRow("no characters at all") << u"\ufdd0\ufdd1\ufffe\ufffc"_s;
-        QTest::newRow("a zero and a byte order mark") << QString(u"a"_s + QChar(0) + u"\ufeffb"_s);
-        QTest::newRow("emoji and half a pair") << u"🐱👨‍👩‍👧"_s + QChar(0xd83d);
-    }
     void theTextIsWhatWasAssigned()
     {
-        QFETCH(QString, text);
-        ReadingText reading;
-        reading = text;
-        QCOMPARE(reading.value(), text);
+        for (const QString &text :
+             {u""_s, u"一\n\n三\n"_s, u"a\u00a0b　c\u3000"_s, u"\ufdd0\ufdd1\ufffe\ufffc"_s,
+              u"a\0\ufeffb"_s, u"a\r\nb\rc\nd\u0085e\u2028f\u2029g\vh\fi"_s,
+              u"🐱👨‍👩‍👧"_s + QChar(0xd83d)}) {
+            m_text = text;
+            QCOMPARE(m_text.value(), text);
+        }
     }
 
     void anEditIsTheTextAtOnce()
     {
-        ReadingText text;
         const State<double> size{14};
-        TextPane pane(text, size);
-        text = u"一\r\n二"_s;
+        TextPane pane(m_text, size);
+        m_text = u"一\r\n二"_s;
         QTest::keyClick(&pane, Qt::Key_End, Qt::ControlModifier);
         QTest::keyClicks(&pane, u"abc"_s);
-        QCOMPARE(text.value(), u"一\n二abc"_s);
+        QCOMPARE(m_text.value(), u"一\n二abc"_s);
         pane.undo();
-        QCOMPARE(text.value(), u"一\n二"_s);
+        QCOMPARE(m_text.value(), u"一\n二"_s);
     }
 
     void onlyPlainTextIsPasted()
@@ -139,21 +121,20 @@ private slots:
 
     void theFirstToggleChoosesTheFileType_data()
     {
-        QTest::addColumn<qint64>("stored");
-        QTest::addColumn<QString>("type");
-        QTest::newRow("0 offers text") << qint64(0) << u"txt"_s;
-        QTest::newRow("1 offers RTF") << qint64(1) << u"rtf"_s;
-        QTest::newRow("any other number offers RTF") << qint64(2) << u"rtf"_s;
-        QTest::newRow("a negative one too") << qint64(-1) << u"rtf"_s;
+        cases<qint64, QString>({
+            {"0 offers text", 0, u"txt"_s},
+            {"1 offers RTF", 1, u"rtf"_s},
+            {"any other number offers RTF", 2, u"rtf"_s},
+            {"a negative one too", -1, u"rtf"_s},
+        });
     }
     void theFirstToggleChoosesTheFileType()
     {
-        QFETCH(qint64, stored);
+        const auto [stored, type] = values<qint64, QString>();
         m_store.setInteger(stored, Key::IntKeyToggle1);
         m_store.setInteger(7, Key::IntKeyToggle2);
         m_text = u"前"_s;
         m_loading.openText(nullptr);
-        QFETCH(QString, type);
         QCOMPARE(m_panel.types(), QStringList(type));
         QVERIFY(m_panel.picksOneFileOnly());
         m_panel.answer(ModalResponse::Cancel);
@@ -179,22 +160,15 @@ private slots:
         QCOMPARE(m_text.value(), QString(u""_s));
     }
 
-    void whatCannotBeReadChangesNothing_data()
-    {
-        QTest::addColumn<QString>("path");
-        QTest::newRow("a text cut off") << write(u"cut.txt"_s, "\xe6\x9c\x9d\xe3\x81");
-        QTest::newRow("a folder") << m_folder.path();
-        QTest::newRow("a device") << u"/dev/zero"_s;
-        QTest::newRow("a file that is gone") << m_folder.filePath(u"gone.txt"_s);
-        QTest::newRow("no local file") << QString();
-    }
     void whatCannotBeReadChangesNothing()
     {
-        QFETCH(QString, path);
         m_text = u"前"_s;
-        pick(path);
-        finishReading();
-        QCOMPARE(m_text.value(), u"前"_s);
+        for (const QString &path : {write(u"cut.txt"_s, "\xe6\x9c\x9d\xe3\x81"), m_folder.path(),
+                                    u"/dev/zero"_s, m_folder.filePath(u"gone.txt"_s), QString()}) {
+            pick(path);
+            finishReading();
+            QCOMPARE(m_text.value(), u"前"_s);
+        }
     }
 
     void theLastAssignmentWins()
@@ -228,18 +202,17 @@ private slots:
     // The toolkit's dialog is driven as a person would: by a name typed by hand.
     void aNameTypedByHandIsCheckedToo_data()
     {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<bool>("accepted");
-        QTest::newRow("the type that is offered") << u"a.txt"_s << true;
-        QTest::newRow("in another letter case") << u"b.TXT"_s << true;
-        QTest::newRow("another type") << u"c.rtf"_s << false;
-        QTest::newRow("no extension") << u"txt"_s << false;
-        QTest::newRow("a folder") << u"folder.txt"_s << false;
+        cases<QString, bool>({
+            {"the type that is offered", u"a.txt"_s, true},
+            {"in another letter case", u"b.TXT"_s, true},
+            {"another type", u"c.rtf"_s, false},
+            {"no extension", u"txt"_s, false},
+            {"a folder", u"folder.txt"_s, false},
+        });
     }
     void aNameTypedByHandIsCheckedToo()
     {
-        QFETCH(QString, name);
-        QFETCH(bool, accepted);
+        const auto [name, accepted] = values<QString, bool>();
         for (const QString &file : {u"a.txt"_s, u"b.TXT"_s, u"c.rtf"_s, u"txt"_s})
             write(file, "中身");
         QDir(m_folder.path()).mkdir(u"folder.txt"_s);

@@ -1,10 +1,9 @@
+#include "Cases.h"
 #include "platform/Process.h"
 #include "platform/StandardOutput.h"
 #include "simulation/Simulation.h"
 
-#include <QFile>
 #include <QProcess>
-#include <QTest>
 
 #include <csignal>
 #include <cstdlib>
@@ -128,41 +127,39 @@ private slots:
 
     void everyReaderIsSurvived_data()
     {
-        QTest::addColumn<std::function<void()>>("prepare");
-        const auto row = [](const char *name, std::function<void()> prepare) {
-            QTest::newRow(name) << prepare;
-        };
         const auto replace = [](int file) { ::dup2(file, 1); };
-        row("a file that can't grow", [=] { replace(::open("/dev/full", O_WRONLY)); });
-        row("nowhere", [] { ::close(0), ::close(1), ::close(2); });
-        row("something that can't be written", [=] { replace(::open("/dev/null", O_RDONLY)); });
-        row("a pipe whose reader has gone", [=] {
+        const auto lose = [=] {
             int ends[2];
             if (::pipe(ends) == 0)
                 replace(ends[1]), ::close(ends[0]), ::close(ends[1]);
+        };
+        cases<std::function<void()>>({
+            {"a file that can't grow", [=] { replace(::open("/dev/full", O_WRONLY)); }},
+            {"nowhere", [] { ::close(0), ::close(1), ::close(2); }},
+            {"something that can't be written", [=] { replace(::open("/dev/null", O_RDONLY)); }},
+            {"a pipe whose reader has gone", lose},
         });
     }
-
     void everyReaderIsSurvived()
     {
-        QFETCH(std::function<void()>, prepare);
+        const auto [prepare] = values<std::function<void()>>();
         QCOMPARE(Actor("printAll", prepare).status(), 7);
     }
 
     void aProcessEndsAmidARunThatNobodyReads_data()
     {
-        QTest::addColumn<QByteArray>("part");
-        QTest::addColumn<int>("status");
-        QTest::newRow("when it is quit") << QByteArray("endAmidARun") << 7;
-        QTest::newRow("when a library calls exit") << QByteArray("exitAmidARun") << EXIT_FAILURE;
+        cases<QByteArray, int>({
+            {"when it is quit", "endAmidARun", 7},
+            {"when a library calls exit", "exitAmidARun", EXIT_FAILURE},
+        });
     }
     void aProcessEndsAmidARunThatNobodyReads()
     {
-        QFETCH(QByteArray, part);
+        const auto [part, status] = values<QByteArray, int>();
         Pipe pipe;
         Actor actor(part.constData(), [&pipe] { ::dup2(pipe.writingEnd(), 1); });
         QVERIFY(actor.process.waitForStarted());
-        QTEST(actor.status(200 + 1000), "status");
+        QCOMPARE(actor.status(200 + 1000), status);
     }
 };
 

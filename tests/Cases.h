@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QFile>
+#include <QTest>
+
+#include <tuple>
+
+/// The cases of a test, for its data function: each has a name and the values that the test takes.
+template <class... Values> void cases(std::initializer_list<std::tuple<const char *, Values...>> all)
+{
+    QTest::addColumn<std::tuple<Values...>>("values");
+    const auto add = [](const char *name, const Values &...values) {
+        QTest::newRow(name) << std::tuple<Values...>(values...);
+    };
+    for (const auto &one : all)
+        std::apply(add, one);
+}
+
+/// The values of the case at hand, of the types that `cases` was given.
+template <class... Values> std::tuple<Values...> values()
+{
+    using Tuple = std::tuple<Values...>;
+    QFETCH(const Tuple, values);
+    return values;
+}
+
+/// The path of a file that now holds `content`.
+inline QString written(const QString &path, const QByteArray &content)
+{
+    QFile file(path);
+    if (!file.open(QFile::WriteOnly) || file.write(content) != content.size())
+        qFatal("can't write %s", qPrintable(path));
+    return path;
+}
