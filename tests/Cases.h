@@ -24,6 +24,16 @@ template <class... Values> std::tuple<Values...> values()
     return values;
 }
 
+/// The first of several actions, buttons or the like whose text begins so.
+template <class Item> Item *titled(const QString &title, const QList<Item *> &items)
+{
+    for (Item *item : items) {
+        if (item->text().startsWith(title))
+            return item;
+    }
+    qFatal("nothing is called %s", qPrintable(title));
+}
+
 /// The path of a file that now holds `content`.
 inline QString written(const QString &path, const QByteArray &content)
 {

@@ -1,3 +1,4 @@
+#include "Cases.h"
 #include "app/MainWindow.h"
 #include "app/SettingsWindow.h"
 #include "app/TarumineApp.h"
@@ -6,7 +7,6 @@
 #include <QMenuBar>
 #include <QPushButton>
 #include <QSlider>
-#include <QTest>
 
 using namespace Qt::StringLiterals;
 
@@ -15,24 +15,7 @@ class AppTest : public QObject {
 
     static QAction *item(const QMainWindow &window, const QString &menu, const QString &title)
     {
-        for (const QAction *heading : window.menuBar()->actions()) {
-            if (!heading->text().startsWith(menu))
-                continue;
-            for (QAction *action : heading->menu()->actions()) {
-                if (action->text().startsWith(title))
-                    return action;
-            }
-        }
-        qFatal("no such menu item: %s", qPrintable(title));
-    }
-
-    static QPushButton *button(const QWidget &window, const QString &title)
-    {
-        for (QPushButton *candidate : window.findChildren<QPushButton *>()) {
-            if (candidate->text() == title)
-                return candidate;
-        }
-        return nullptr;
+        return titled(title, titled(menu, window.menuBar()->actions())->menu()->actions());
     }
 
     static SettingsWindow *settingsWindow()
@@ -123,7 +106,7 @@ private slots:
     void aWindowCanBeClosedUnderAnOpenDialog()
     {
         const std::vector<std::function<void(MainWindow &)>> ways{
-            [](MainWindow &window) { button(window, u"読込"_s)->click(); },
+            [](MainWindow &window) { titled(u"読込"_s, window.findChildren<QPushButton *>())->click(); },
             [](MainWindow &window) { item(window, u"ヘルプ"_s, u"添付マニュアル"_s)->trigger(); },
         };
         for (const auto &openDialog : ways) {

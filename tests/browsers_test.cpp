@@ -226,19 +226,18 @@ private slots:
 
     void entriesDeclareBrowsers_data()
     {
+        const std::string category = "Categories=WebBrowser;\n";
         cases<std::string, bool>({
             {"by category", entry("Categories=Network;WebBrowser;"), true},
             {"by what they open", entry("MimeType=x-scheme-handler/https;"), true},
-            {"a long entry", entry(std::string(65'520, '#') + "\nCategories=WebBrowser;"), true},
+            {"a long entry", entry(std::string(65'520, '#') + '\n' + category), true},
             {"but not a word in passing", entry("Comment=Not a WebBrowser"), false},
             {"nor a longer word", entry("Categories=X-WebBrowserTools;"), false},
-            {"nor a hidden one", entry("Categories=WebBrowser;\nHidden=true"), false},
-            {"nor one not to be shown", entry("Categories=WebBrowser;\nNoDisplay=true"), false},
-            {"nor one for another desktop", entry("Categories=WebBrowser;\nOnlyShowIn=None;"), false},
-            {"nor one whose program is missing", entry("Categories=WebBrowser;\nTryExec=/nowhere/browser"),
-             false},
-            {"nor a nameless one", "[Desktop Entry]\nType=Application\nExec=true\nCategories=WebBrowser;\n",
-             false},
+            {"nor a hidden one", entry(category + "Hidden=true"), false},
+            {"nor one not to be shown", entry(category + "NoDisplay=true"), false},
+            {"nor one for another desktop", entry(category + "OnlyShowIn=None;"), false},
+            {"nor one whose program is missing", entry(category + "TryExec=/nowhere/browser"), false},
+            {"nor a nameless one", "[Desktop Entry]\nType=Application\nExec=true\n" + category, false},
             {"nor rubbish", {"WebBrowser\0\xff", 12}, false},
         });
     }

@@ -14,26 +14,24 @@ class DecodingTest : public QObject {
 private slots:
     void aTextIsDecodedWhateverItsEncoding_data()
     {
+        const QByteArray shiftJis("92a9814196da82aa8a6f82df82bd82cc82c5918b82f08a4a82af82bd8142");
+        const QString morning = u"朝、目が覚めたので窓を開けた。"_s;
         cases<QByteArray, QString>({
             {"nothing", "", u""_s},
             {"UTF-8 with its mark", "efbbbfe69c9d", u"朝"_s},
             {"UTF-8 with a stray zero", "e69c9de381ae00e8a898e98cb2", u"朝の\0記録"_s},
             {"a terminal's colours", "1b5b33316de69c9d1b28421b5b6d", u"\x1b[31m朝\x1b(B\x1b[m"_s},
-            {"Shift_JIS", "92a9814196da82aa8a6f82df82bd82cc82c5918b82f08a4a82af82bd8142",
-             u"朝、目が覚めたので窓を開けた。"_s},
-            {"EUC-JP", "c4aba1a2ccdca4acb3d0a4e1a4bfa4cea4c7c1eba4f2b3aba4b1a4bfa1a3",
-             u"朝、目が覚めたので窓を開けた。"_s},
+            {"Shift_JIS", shiftJis, morning},
+            {"EUC-JP", "c4aba1a2ccdca4acb3d0a4e1a4bfa4cea4c7c1eba4f2b3aba4b1a4bfa1a3", morning},
             {"ISO-2022-JP", "1b2442442b21224c5c242c33502461243f244e2447416b2472332b2431243f21231b2842",
-             u"朝、目が覚めたので窓を開けた。"_s},
+             morning},
             {"UTF-16 without", "671d306e98a8306f000a", u"朝の風は\n"_s},
             {"half-width kana", "c3deb0c020a620cebfdedd20bccfbcc0", u"ﾃﾞｰﾀ ｦ ﾎｿﾞﾝ ｼﾏｼﾀ"_s},
             {"a vendor's additions to the standard", "8740878aeee0ed9582b382f182cc8782825681608756",
              u"①㈱髙﨑さんの№７～Ⅲ"_s},
             {"characters with two names", "8be38e9e81608cdc8e9e8141817c82529378", u"九時〜五時、−３度"_s},
             {"signs with two names, and the mark of the end that DOS set",
-             "92a9814196da82aa8a6f82df82bd82cc82c5918b82f08a4a82af82bd8142816135819182c6338192814181ca41814"
-             "21a",
-             u"朝、目が覚めたので窓を開けた。‖5¢と3£、¬A。\x1a"_s},
+             shiftJis + "816135819182c6338192814181ca4181421a", morning + u"‖5¢と3£、¬A。\x1a"_s},
             {"simplified Chinese", "c7ebcfc8b1a3b4e6cec4bcfea3acc8bbbaf3d6d8d0c2c6f4b6afb3ccd0f2a1a3",
              u"请先保存文件，然后重新启动程序。"_s},
             {"Russian, told by its small letters", "f3cfc8d2c1cec9d4c520c6c1cacc20c5dda320d2c1da2e",

@@ -18,9 +18,6 @@ class EventsTest : public QObject {
     Q_OBJECT
 
     QTemporaryDir m_folder;
-    int m_stores = 0;
-
-    QString newStore() { return m_folder.filePath(u"%1.conf"_s.arg(++m_stores)); }
 
     // A window with an alert, and the lines that it prints.
     struct Alerting {
@@ -72,7 +69,7 @@ private slots:
     {
         const auto [index, label, stored, nextStage, said] =
             values<size_t, QString, QByteArray, qint64, QString>();
-        const QString file = newStore();
+        const QString file = m_folder.filePath(label);
         UserDefaults store(file);
         State<qint64> stage{-1};
         State<QString> message;

@@ -119,30 +119,21 @@ private slots:
         QCOMPARE(pane.textCursor().charFormat().fontWeight(), int(QFont::Normal));
     }
 
-    void theFirstToggleChoosesTheFileType_data()
-    {
-        cases<qint64, QString>({
-            {"0 offers text", 0, u"txt"_s},
-            {"1 offers RTF", 1, u"rtf"_s},
-            {"any other number offers RTF", 2, u"rtf"_s},
-            {"a negative one too", -1, u"rtf"_s},
-        });
-    }
     void theFirstToggleChoosesTheFileType()
     {
-        const auto [stored, type] = values<qint64, QString>();
-        m_store.setInteger(stored, Key::IntKeyToggle1);
         m_store.setInteger(7, Key::IntKeyToggle2);
         m_text = u"前"_s;
-        m_loading.openText(nullptr);
-        QCOMPARE(m_panel.types(), QStringList(type));
-        QVERIFY(m_panel.picksOneFileOnly());
-        m_panel.answer(ModalResponse::Cancel);
-        finishReading();
-        QCOMPARE(m_sp1.value(), stored); // read also when nothing is picked then
-        QCOMPARE(m_sp2.value(), 7);
-        QCOMPARE(m_text.value(), u"前"_s);
-        m_store.setInteger(0, Key::IntKeyToggle1);
+        for (const qint64 stored : {1, 2, -1, 0}) {
+            m_store.setInteger(stored, Key::IntKeyToggle1);
+            m_loading.openText(nullptr);
+            QCOMPARE(m_panel.types(), QStringList(stored == 0 ? u"txt"_s : u"rtf"_s));
+            QVERIFY(m_panel.picksOneFileOnly());
+            m_panel.answer(ModalResponse::Cancel);
+            finishReading();
+            QCOMPARE(m_sp1.value(), stored); // read also when nothing is picked then
+            QCOMPARE(m_sp2.value(), 7);
+            QCOMPARE(m_text.value(), u"前"_s);
+        }
     }
 
     void aPickedFileBecomesTheText()

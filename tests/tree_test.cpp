@@ -12,24 +12,16 @@ using namespace Qt::StringLiterals;
 class TreeTest : public QObject {
     Q_OBJECT
 
-    static QString outline(const std::vector<Node> &nodes, const QString &indent = {})
+    static QString outline(const std::vector<Node> &nodes, QSet<QUuid> &ids, const QString &indent = {})
     {
         QString lines;
         for (const Node &node : nodes) {
+            ids += node.id;
             lines += indent + node.name + (node.children ? u"/\n"_s : u"\n"_s);
             if (node.children)
-                lines += outline(*node.children, indent + u"  "_s);
+                lines += outline(*node.children, ids, indent + u"  "_s);
         }
         return lines;
-    }
-
-    static void collectIds(const std::vector<Node> &nodes, QList<QUuid> &ids)
-    {
-        for (const Node &node : nodes) {
-            ids += node.id;
-            if (node.children)
-                collectIds(*node.children, ids);
-        }
     }
 
     // A sidebar on screen, and the state that it shows.
@@ -59,16 +51,15 @@ class TreeTest : public QObject {
 private slots:
     void theSampleTreeIsAsDocumented()
     {
-        QCOMPARE(outline(sampleData()), uR"(フォルダA/
+        QSet<QUuid> ids;
+        QCOMPARE(outline(sampleData(), ids), uR"(フォルダA/
   ファイルA1
   ファイルA2
 フォルダB/
   サブフォルダB1/
     ファイルB1-1
 )"_s);
-        QList<QUuid> ids;
-        collectIds(sampleData(), ids);
-        QCOMPARE(QSet<QUuid>(ids.begin(), ids.end()).size(), 6);
+        QCOMPARE(ids.size(), 6);
         QVERIFY(Node(u"同じ"_s).id != Node(u"同じ"_s).id);
     }
 
