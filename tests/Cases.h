@@ -42,3 +42,10 @@ inline QString written(const QString &path, const QByteArray &content)
         qFatal("can't write %s", qPrintable(path));
     return path;
 }
+
+/// What the file of that path holds: nothing where there is none.
+inline QByteArray contentOf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray();
+}

@@ -93,11 +93,7 @@ class BrowsersTest : public QObject {
 
     fs::path inRoot(const std::string &name) const { return fs::path(m_root->path().toStdString()) / name; }
 
-    QByteArray report() const
-    {
-        QFile file(QString::fromStdString(m_report.string()));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
+    QByteArray report() const { return contentOf(FileName::text(m_report)); }
 
 private slots:
     void init()
@@ -304,8 +300,8 @@ private slots:
                   "<string>"
                       + executable + "</string></dict></plist>");
 
-        const int open =
-            ::open(inRoot("secret").c_str(), O_CREAT | O_RDWR, 0600); // as a library may leave it
+        // As a library may leave it.
+        const int open = ::open(inRoot("secret").c_str(), O_CREAT | O_RDWR, 0600);
         QVERIFY(Workspace().openBundle(whole));
         QTRY_VERIFY(!report().isEmpty());
         ::close(open);

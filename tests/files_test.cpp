@@ -31,8 +31,7 @@ class FilesTest : public QObject {
 private slots:
     void ordinaryFilesAreReadWhole()
     {
-        QByteArray large(3 << 20, 'x');
-        large += "end";
+        const QByteArray large = QByteArray(3 << 20, 'x') + "end";
         QCOMPARE(readRegularFile(write(u"large.txt"_s, large), 1 << 30), large);
         QCOMPARE(readRegularFile(write(u"空.txt"_s, {}), 1 << 30), QByteArray());
         QFile::link(m_folder.filePath(u"large.txt"_s), m_folder.filePath(u"link.txt"_s));

@@ -23,13 +23,6 @@ class PreferencesTest : public QObject {
 
     QString fileWith(const QByteArray &content) { return written(newFile(), content); }
 
-    // Not through a store: one in this process takes a file of the same age and size for the same.
-    static QByteArray content(const QString &name)
-    {
-        QFile file(name);
-        return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray();
-    }
-
 private slots:
     void integersAreReadFromWhateverIsStored_data()
     {
@@ -75,6 +68,7 @@ private slots:
         QCOMPARE(store.string(Key::CarPX5), std::nullopt);
     }
 
+    // Not read through a store: one in this process takes a file of the same age and size for the same.
     void aValueIsOnDiskWhenItsSetterReturns()
     {
         const QString file = newFile();
@@ -86,7 +80,7 @@ private slots:
                 raise(SIGKILL);
             }
             waitpid(child, nullptr, 0);
-            QCOMPARE(content(file), QByteArray("[General]\nCatPX5=") + QByteArray::number(value) + '\n');
+            QCOMPARE(contentOf(file), QByteArray("[General]\nCatPX5=") + QByteArray::number(value) + '\n');
         }
     }
 
@@ -105,7 +99,7 @@ private slots:
             QTest::qSleep(1 + round % 7);
             kill(child, SIGKILL);
             waitpid(child, nullptr, 0);
-            const QByteArray read = content(file).sliced(qstrlen("[General]\nFirmPX5="));
+            const QByteArray read = contentOf(file).sliced(qstrlen("[General]\nFirmPX5="));
             QCOMPARE(read.size(), 5001);
             QCOMPARE(read.count(read.front()), 5000);
         }
@@ -128,7 +122,7 @@ private slots:
             const QString pattern = QFileInfo(file).fileName() + u".unreadable-*"_s;
             const QStringList kept = QDir(m_folder.path()).entryList({pattern});
             QCOMPARE(kept.size(), 1);
-            QCOMPARE(content(m_folder.filePath(kept.first())), unreadable);
+            QCOMPARE(contentOf(m_folder.filePath(kept.first())), unreadable);
         }
     }
 

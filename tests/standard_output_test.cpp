@@ -53,11 +53,6 @@ private:
     std::FILE *m_stream = nullptr;
 };
 
-QByteArray numbered(int line)
-{
-    return "line " + QByteArray::number(line) + '\n';
-}
-
 // This program once more, in a process of its own, playing `part`.
 struct Actor {
     QProcess process;
@@ -110,8 +105,9 @@ private slots:
         StandardOutput output(pipe.stream());
         QByteArray expected;
         for (int i = 0; i < 900; ++i) {
-            output.post(numbered(i).toStdString());
-            expected += numbered(i);
+            const std::string line = "line " + std::to_string(i) + '\n';
+            output.post(line);
+            expected += line.c_str();
         }
         QCOMPARE(pipe.read(1000, expected.size()), expected);
         output.post("OK tapped\n");
