@@ -1,4 +1,4 @@
-#include "Cases.h"
+#include "Testing.h"
 #include "app/MainWindow.h"
 #include "app/SettingsWindow.h"
 #include "app/TarumineApp.h"

@@ -1,4 +1,4 @@
-#include "Cases.h"
+#include "Testing.h"
 #include "browsers/BrowserChoice.h"
 #include "browsers/BrowserPicker.h"
 #include "browsers/InstalledBrowsers.h"

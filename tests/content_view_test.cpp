@@ -1,4 +1,4 @@
-#include "Cases.h"
+#include "Testing.h"
 #include "main_window/ContentView.h"
 #include "reading/OpeningMessage.h"
 #include "reading/TextPane.h"

@@ -1,4 +1,4 @@
-#include "Cases.h"
+#include "Testing.h"
 #include "reading/TextDecoding.h"
 #include "reading/Utf8.h"
 

@@ -1,4 +1,4 @@
-#include "Cases.h"
+#include "Testing.h"
 #include "play/Alert.h"
 #include "play/EventToolbar.h"
 #include "play/Events.h"

@@ -1,4 +1,4 @@
-#include "Cases.h"
+#include "Testing.h"
 #include "platform/Memory.h"
 #include "platform/RegularFile.h"
 #include "platform/WholeFile.h"

@@ -1,4 +1,4 @@
-#include "Cases.h"
+#include "Testing.h"
 #include "play/Journey.h"
 #include "play/JourneyBoard.h"
 

@@ -100,13 +100,6 @@ class Journey(unittest.TestCase):
         self.program.wait(5)
         self.assertLess(time.monotonic() - started, 1.0)
 
-    def load(self, path):
-        self.press("push button", "読込")
-        window("開く")
-        time.sleep(0.2)
-        run("xdotool", "type", "--delay", "1", str(path))
-        keys("Return")
-
     def test_every_control_says_its_visible_label(self):
         expected = [("slider", "Font Size"), ("label", "14 pt"), ("push button", "別スレッド"),
                     ("push button", "読込"), ("push button", "簡易PDF"), ("push button", "起動"),
@@ -158,7 +151,11 @@ class Journey(unittest.TestCase):
         path = WORK / "yomu.txt"
         path.write_text("吾輩は猫である。🐱\n名前はまだ無い。", encoding="utf-8")
         keys("shift+Tab")  # away from the text, to which loading leads back
-        self.load(path)
+        self.press("push button", "読込")
+        window("開く")
+        time.sleep(0.2)
+        run("xdotool", "type", "--delay", "1", str(path))
+        keys("Return")
         wait_for(lambda: self.shown_text() == "吾輩は猫である。🐱\n名前はまだ無い。")
         keys("ctrl+plus", "ctrl+plus")
         self.find("label", "16 pt")
@@ -172,7 +169,7 @@ class Journey(unittest.TestCase):
         window("設定")
         for stored in ("1", "0"):
             self.press("check box", "自律型")
-            self.assertIn(f"IntKeyToggle5={stored}", STORE.read_text())  # the click has been handled
+            self.assertIn(f"IntKeyToggle5={stored}", STORE.read_text())  # handled when press returns
         self.press("check box", "自律型")
         self.program.send_signal(signal.SIGKILL)
         self.assertIn("IntKeyToggle5=1", STORE.read_text())

@@ -1,4 +1,4 @@
-#include "Cases.h"
+#include "Testing.h"
 #include "reading/FontSize.h"
 #include "reading/ReadingText.h"
 #include "reading/TextPane.h"

@@ -1,4 +1,4 @@
-#include "Cases.h"
+#include "Testing.h"
 #include "pdf/TextPdf.h"
 
 #include <QColor>

@@ -1,4 +1,4 @@
-#include "Cases.h"
+#include "Testing.h"
 #include "preferences/AppStorage.h"
 #include "preferences/PreferenceKeys.h"
 #include "preferences/UserDefaults.h"

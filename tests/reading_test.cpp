@@ -1,4 +1,4 @@
-#include "Cases.h"
+#include "Testing.h"
 #include "platform/OpenPanel.h"
 #include "preferences/PreferenceKeys.h"
 #include "preferences/UserDefaults.h"

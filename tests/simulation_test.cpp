@@ -1,4 +1,4 @@
-#include "Cases.h"
+#include "Testing.h"
 #include "platform/StandardOutput.h"
 #include "simulation/Simulation.h"
 #include "simulation/SimulationTask.h"

@@ -1,4 +1,4 @@
-#include "Cases.h"
+#include "Testing.h"
 #include "platform/Process.h"
 #include "platform/StandardOutput.h"
 #include "simulation/Simulation.h"
