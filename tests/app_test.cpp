@@ -1,16 +1,12 @@
+#include "Testing.h"
 #include "app/MainWindow.h"
 #include "app/SettingsWindow.h"
 #include "app/TarumineApp.h"
-#include "preferences/PreferenceKeys.h"
-#include "view/Frame.h"
 
-#include <QCheckBox>
-#include <QFileDialog>
+#include <QDialog>
 #include <QMenuBar>
-#include <QMessageBox>
 #include <QPushButton>
 #include <QSlider>
-#include <QTest>
 
 using namespace Qt::StringLiterals;
 
@@ -19,24 +15,7 @@ class AppTest : public QObject {
 
     static QAction *item(const QMainWindow &window, const QString &menu, const QString &title)
     {
-        for (const QAction *heading : window.menuBar()->actions()) {
-            if (!heading->text().startsWith(menu))
-                continue;
-            for (QAction *action : heading->menu()->actions()) {
-                if (action->text().startsWith(title))
-                    return action;
-            }
-        }
-        qFatal("no such menu item: %s", qPrintable(title));
-    }
-
-    static QPushButton *button(const QWidget &window, const QString &title)
-    {
-        for (QPushButton *candidate : window.findChildren<QPushButton *>()) {
-            if (candidate->text() == title)
-                return candidate;
-        }
-        return nullptr;
+        return titled(title, titled(menu, window.menuBar()->actions())->menu()->actions());
     }
 
     static SettingsWindow *settingsWindow()
@@ -124,31 +103,27 @@ private slots:
         QVERIFY(!settingsWindow()->isVisible());
     }
 
-    void aWindowCanBeClosedUnderAnOpenDialog_data()
-    {
-        QTest::addColumn<QString>("opener");
-        QTest::newRow("the open panel") << u"読込"_s;
-        QTest::newRow("the missing manual") << QString();
-    }
     void aWindowCanBeClosedUnderAnOpenDialog()
     {
-        QFETCH(QString, opener);
-        TarumineApp app;
-        app.newWindow();
-        app.newWindow();
-        MainWindow &window = *app.windows().front();
-        if (opener.isEmpty())
-            item(window, u"ヘルプ"_s, u"添付マニュアル"_s)->trigger();
-        else
-            button(window, opener)->click();
-        const auto dialogs = window.findChildren<QDialog *>();
-        QCOMPARE(dialogs.size(), 1);
-        QCOMPARE(dialogs.first()->windowModality(), Qt::WindowModal);
-        const QPointer<QDialog> dialog = dialogs.first();
-        window.close();
-        QTRY_COMPARE(app.windows().size(), size_t(1));
-        QVERIFY(!dialog);
-        QCoreApplication::processEvents();
+        const std::vector<std::function<void(MainWindow &)>> ways{
+            [](MainWindow &window) { titled(u"読込"_s, window.findChildren<QPushButton *>())->click(); },
+            [](MainWindow &window) { item(window, u"ヘルプ"_s, u"添付マニュアル"_s)->trigger(); },
+        };
+        for (const auto &openDialog : ways) {
+            TarumineApp app;
+            app.newWindow();
+            app.newWindow();
+            MainWindow &window = *app.windows().front();
+            openDialog(window);
+            const auto dialogs = window.findChildren<QDialog *>();
+            QCOMPARE(dialogs.size(), 1);
+            QCOMPARE(dialogs.first()->windowModality(), Qt::WindowModal);
+            const QPointer<QDialog> dialog = dialogs.first();
+            window.close();
+            QTRY_COMPARE(app.windows().size(), size_t(1));
+            QVERIFY(!dialog);
+            QCoreApplication::processEvents();
+        }
     }
 };
 

@@ -1,4 +1,4 @@
-#include "main_window/Columns.h"
+#include "Testing.h"
 #include "main_window/ContentView.h"
 #include "reading/OpeningMessage.h"
 #include "reading/TextPane.h"
@@ -8,11 +8,8 @@
 #include <QLabel>
 #include <QMenu>
 #include <QPushButton>
-#include <QScrollArea>
-#include <QScrollBar>
 #include <QSlider>
 #include <QTemporaryDir>
-#include <QTest>
 #include <QTreeView>
 
 using namespace Qt::StringLiterals;
@@ -26,29 +23,16 @@ public:
     QString m_name = u"機械&1"_s;
 };
 
-// Notes what it was asked to print.
-struct Printed {
-    PrintedText text;
-    PrintInfo info;
-    bool panel = false;
-    bool progress = false;
-};
-
+// Shows what it was asked to print.
 class ScriptedPrintOperation : public PrintOperation {
 public:
-    ScriptedPrintOperation(PrintedText text, PrintInfo info, QWidget *window, QList<Printed> &all)
-        : PrintOperation(std::move(text), std::move(info), window)
-        , m_all(all)
-    {
-    }
-    void runOperation(std::function<void(bool)> ended) override
-    {
-        m_all += {m_text, m_info, m_showsPrintPanel, m_showsProgressPanel};
-        ended(false);
-    }
+    using PrintOperation::m_info, PrintOperation::m_text;
+    using PrintOperation::m_showsPrintPanel, PrintOperation::m_showsProgressPanel;
+    using PrintOperation::PrintOperation;
 
-private:
-    QList<Printed> &m_all;
+    void runOperation(std::function<void(bool)> ended) override { ended(false), ++m_runs; }
+
+    int m_runs = 0;
 };
 
 } // namespace
@@ -60,14 +44,14 @@ class ContentViewTest : public QObject {
     UserDefaults m_store{m_folder.filePath(u"Tarumine.conf"_s)};
     ScriptedHost m_host;
     Workspace m_workspace;
-    QList<Printed> m_printed;
+    QList<ScriptedPrintOperation *> m_printed;
     Surroundings m_surroundings{m_store,
                                 m_host,
                                 m_workspace,
                                 newOpenPanel,
-                                [this](PrintedText text, PrintInfo info, QWidget *window) {
-                                    return new ScriptedPrintOperation(std::move(text), std::move(info),
-                                                                      window, m_printed);
+                                [this](const PrintedText &text, const PrintInfo &info, QWidget *window) {
+                                    m_printed += new ScriptedPrintOperation(text, info, window);
+                                    return m_printed.last();
                                 },
                                 m_folder.path()};
 
@@ -79,22 +63,6 @@ class ContentViewTest : public QObject {
                 texts += label->text();
         }
         return texts;
-    }
-
-    // The scrollable pane that does, or doesn't, hold the text.
-    static QScrollArea *pane(const QWidget &view, bool holdsText)
-    {
-        const auto *text = view.findChild<TextPane *>();
-        for (QScrollArea *area : view.findChildren<QScrollArea *>()) {
-            if (area->isAncestorOf(text) == holdsText)
-                return area;
-        }
-        return nullptr;
-    }
-
-    static QRect placeIn(const QWidget &view, const QWidget &widget)
-    {
-        return {widget.mapTo(&view, QPoint()), widget.size()};
     }
 
 private slots:
@@ -113,31 +81,22 @@ private slots:
         QCOMPARE(visibleTexts(*view), QStringList{u"何も選択されていません"_s});
     }
 
-    void aNewWindowStartsFromTheStore()
+    void aNewWindowStartsFromTheStoreAndWhatItIsGiven()
     {
-        m_store.setInteger(1, Key::IntKeyToggle2);
-        m_store.setString(u"保存"_s, Key::StringKeyPX5);
-        const ContentView seeded(m_surroundings);
-        QCOMPARE(seeded.sp2.value(), 1);
-        QCOMPARE(seeded.uString.value(), u"保存"_s);
-        m_store.setInteger(0, Key::IntKeyToggle2);
-        QCOMPARE(seeded.sp2.value(), 1); // an open window keeps what it was seeded with
-    }
-
-    void givenValuesStandInForTheDefaults()
-    {
-        const QString stored = QTemporaryDir().path() + u"/none.conf"_s;
-        UserDefaults empty(stored);
-        empty.setInteger(6, Key::IntKeyToggle2);
-        Surroundings surroundings{empty, m_host, m_workspace, newOpenPanel, newPrintOperation, {}};
+        UserDefaults store(m_folder.filePath(u"another.conf"_s));
+        store.setInteger(6, Key::IntKeyToggle2);
+        Surroundings surroundings{store, m_host, m_workspace, newOpenPanel, newPrintOperation, {}};
         ContentView given({.uString = u"代わり"_s, .sp1 = 4}, surroundings);
         QCOMPARE(given.uString.value(), u"代わり"_s);
-        QCOMPARE(empty.string(Key::StringKeyPX5), std::nullopt);
+        QCOMPARE(store.string(Key::StringKeyPX5), std::nullopt);
         QCOMPARE(given.sp1.value(), 4);
         QCOMPARE(given.sp2.value(), 6);
         QCOMPARE(ContentView({.sp2 = 9}, surroundings).sp2.value(), 9);
         given.uString = u"書いた"_s;
-        QCOMPARE(empty.string(Key::StringKeyPX5), u"書いた"_s);
+        QCOMPARE(store.string(Key::StringKeyPX5), u"書いた"_s);
+        QCOMPARE(ContentView(surroundings).uString.value(), u"書いた"_s);
+        store.setInteger(0, Key::IntKeyToggle2);
+        QCOMPARE(given.sp2.value(), 6); // an open window keeps what it was seeded with
     }
 
     void selectingARowShowsWhoAndWhere()
@@ -174,7 +133,7 @@ private slots:
                 QCoreApplication::processEvents();
                 QCOMPARE(view->size(), QSize(width, height));
                 const QByteArray where = QByteArray::number(width) + " x " + QByteArray::number(height);
-                const auto *column = pane(*view, true)->widget();
+                const QWidget *column = view->findChild<TextPane *>()->parentWidget();
                 QRegion taken;
                 for (const QWidget *control : column->findChildren<QWidget *>()) {
                     const bool stands = qobject_cast<const QPushButton *>(control)
@@ -184,7 +143,7 @@ private slots:
                     if (!stands || !control->isVisible()
                         || qobject_cast<const QComboBox *>(control->parent()))
                         continue;
-                    const QRect place = placeIn(*column, *control);
+                    const QRect place(control->mapTo(column, QPoint()), control->size());
                     QVERIFY2(column->rect().contains(place), where);
                     QVERIFY2(!taken.intersects(place), where);
                     QVERIFY2(control->height() >= control->minimumSizeHint().height(), where);
@@ -200,22 +159,20 @@ private slots:
         const std::unique_ptr<Frame> view(content.body());
         view->show();
         view->findChild<TextPane *>()->insertPlainText(u"打ったばかり。"_s);
-        for (QPushButton *button : view->findChildren<QPushButton *>()) {
-            if (button->text() == u"簡易PDF"_s)
-                button->click();
-        }
+        titled(u"簡易PDF"_s, view->findChildren<QPushButton *>())->click();
         QCOMPARE(m_printed.size(), 1);
-        const Printed &printed = m_printed.first();
-        QCOMPARE(printed.text.string, u"打ったばかり。"_s + openingMessage());
-        QCOMPARE(printed.text.width, 550);
-        QCOMPARE(printed.info.jobSavingPath, m_folder.path() + u"/名称未設定.pdf"_s);
-        QVERIFY(printed.info.jobDisposition == PrintInfo::JobDisposition::Save);
-        QCOMPARE(printed.info.paperSize, QSizeF(595, 842));
-        for (const double margin : {printed.info.topMargin, printed.info.bottomMargin,
-                                    printed.info.leftMargin, printed.info.rightMargin})
+        const ScriptedPrintOperation &printed = *m_printed.first();
+        QCOMPARE(printed.m_runs, 1);
+        QCOMPARE(printed.m_text.string, u"打ったばかり。"_s + openingMessage());
+        QCOMPARE(printed.m_text.width, 550);
+        const PrintInfo &info = printed.m_info;
+        QCOMPARE(info.jobSavingPath, m_folder.path() + u"/名称未設定.pdf"_s);
+        QVERIFY(info.jobDisposition == PrintInfo::JobDisposition::Save);
+        QCOMPARE(info.paperSize, QSizeF(595, 842));
+        for (const double margin : {info.topMargin, info.bottomMargin, info.leftMargin, info.rightMargin})
             QCOMPARE(margin, 20);
-        QVERIFY(!printed.info.horizontallyCentered && !printed.info.verticallyCentered);
-        QVERIFY(printed.panel && printed.progress);
+        QVERIFY(!info.horizontallyCentered && !info.verticallyCentered);
+        QVERIFY(printed.m_showsPrintPanel && printed.m_showsProgressPanel);
 
         const PrintInfo &shared = PrintInfo::sharedPrintInfo(); // is as it was
         QVERIFY(shared.topMargin != 20 && shared.jobDisposition == PrintInfo::JobDisposition::Spool);
@@ -233,13 +190,7 @@ private slots:
         auto *pane = view->findChild<TextPane *>();
         QMenu menu;
         content.fillEditMenu(menu);
-        const auto item = [&](const QString &title) {
-            for (QAction *action : menu.actions()) {
-                if (action->text().startsWith(title))
-                    return action;
-            }
-            return static_cast<QAction *>(nullptr);
-        };
+        const auto item = [&](const QString &title) { return titled(title, menu.actions()); };
         QVERIFY(!item(u"元に戻す"_s)->isEnabled());
         QVERIFY(!item(u"コピー"_s)->isEnabled());
         view->findChild<QPushButton *>()->setFocus();

@@ -1,7 +1,7 @@
+#include "Testing.h"
 #include "reading/TextDecoding.h"
 #include "reading/Utf8.h"
 
-#include <QTest>
 #include <QUtf8StringView>
 
 #include <array>
@@ -14,49 +14,36 @@ class DecodingTest : public QObject {
 private slots:
     void aTextIsDecodedWhateverItsEncoding_data()
     {
-        QTest::addColumn<QByteArray>("hex");
-        QTest::addColumn<QString>("text");
-        QTest::newRow("nothing") << QByteArray("") << QString(u""_s);
-        QTest::newRow("UTF-8 with its mark") << QByteArray("efbbbfe69c9d") << u"朝"_s;
-        QTest::newRow("UTF-8 with a stray zero")
-            << QByteArray("e69c9de381ae00e8a898e98cb2") << u"朝の\0記録"_s;
-        QTest::newRow("a terminal's colours")
-            << QByteArray("1b5b33316de69c9d1b28421b5b6d") << u"\x1b[31m朝\x1b(B\x1b[m"_s;
-        QTest::newRow("Shift_JIS") << QByteArray(
-            "92a9814196da82aa8a6f82df82bd82cc82c5918b82f08a4a82af82bd8142")
-                                   << u"朝、目が覚めたので窓を開けた。"_s;
-        QTest::newRow("EUC-JP") << QByteArray(
-            "c4aba1a2ccdca4acb3d0a4e1a4bfa4cea4c7c1eba4f2b3aba4b1a4bfa1a3")
-                                << u"朝、目が覚めたので窓を開けた。"_s;
-        QTest::newRow("ISO-2022-JP") << QByteArray(
-            "1b2442442b21224c5c242c33502461243f244e2447416b2472332b2431243f21231b2842")
-                                     << u"朝、目が覚めたので窓を開けた。"_s;
-        QTest::newRow("UTF-16 without") << QByteArray("671d306e98a8306f000a") << u"朝の風は\n"_s;
-        QTest::newRow("half-width kana")
-            << QByteArray("c3deb0c020a620cebfdedd20bccfbcc0") << u"ﾃﾞｰﾀ ｦ ﾎｿﾞﾝ ｼﾏｼﾀ"_s;
-        QTest::newRow("a vendor's additions to the standard")
-            << QByteArray("8740878aeee0ed9582b382f182cc8782825681608756") << u"①㈱髙﨑さんの№７～Ⅲ"_s;
-        QTest::newRow("characters with two names")
-            << QByteArray("8be38e9e81608cdc8e9e8141817c82529378") << u"九時〜五時、−３度"_s;
-        QTest::newRow("signs with two names, and the mark of the end that DOS set")
-            << QByteArray("92a9814196da82aa8a6f82df82bd82cc82c5918b82f08a4a82af82bd8142816135819182c6338192"
-                          "814181ca4181421a")
-            << u"朝、目が覚めたので窓を開けた。‖5¢と3£、¬A。\x1a"_s;
-        QTest::newRow("simplified Chinese")
-            << QByteArray("c7ebcfc8b1a3b4e6cec4bcfea3acc8bbbaf3d6d8d0c2c6f4b6afb3ccd0f2a1a3")
-            << u"请先保存文件，然后重新启动程序。"_s;
-        QTest::newRow("Russian, told by its small letters")
-            << QByteArray("f3cfc8d2c1cec9d4c520c6c1cacc20c5dda320d2c1da2e") << u"Сохраните файл ещё раз."_s;
-        QTest::newRow("French") << QByteArray("4c65206368e274656175206ff9206c92e974e9207392616368e87665")
-                                << u"Le château où l’été s’achève"_s;
+        const QByteArray shiftJis("92a9814196da82aa8a6f82df82bd82cc82c5918b82f08a4a82af82bd8142");
+        const QString morning = u"朝、目が覚めたので窓を開けた。"_s;
+        cases<QByteArray, QString>({
+            {"nothing", "", u""_s},
+            {"UTF-8 with its mark", "efbbbfe69c9d", u"朝"_s},
+            {"UTF-8 with a stray zero", "e69c9de381ae00e8a898e98cb2", u"朝の\0記録"_s},
+            {"a terminal's colours", "1b5b33316de69c9d1b28421b5b6d", u"\x1b[31m朝\x1b(B\x1b[m"_s},
+            {"Shift_JIS", shiftJis, morning},
+            {"EUC-JP", "c4aba1a2ccdca4acb3d0a4e1a4bfa4cea4c7c1eba4f2b3aba4b1a4bfa1a3", morning},
+            {"ISO-2022-JP", "1b2442442b21224c5c242c33502461243f244e2447416b2472332b2431243f21231b2842",
+             morning},
+            {"UTF-16 without", "671d306e98a8306f000a", u"朝の風は\n"_s},
+            {"half-width kana", "c3deb0c020a620cebfdedd20bccfbcc0", u"ﾃﾞｰﾀ ｦ ﾎｿﾞﾝ ｼﾏｼﾀ"_s},
+            {"a vendor's additions to the standard", "8740878aeee0ed9582b382f182cc8782825681608756",
+             u"①㈱髙﨑さんの№７～Ⅲ"_s},
+            {"characters with two names", "8be38e9e81608cdc8e9e8141817c82529378", u"九時〜五時、−３度"_s},
+            {"signs with two names, and the mark of the end that DOS set",
+             shiftJis + "816135819182c6338192814181ca4181421a", morning + u"‖5¢と3£、¬A。\x1a"_s},
+            {"simplified Chinese", "c7ebcfc8b1a3b4e6cec4bcfea3acc8bbbaf3d6d8d0c2c6f4b6afb3ccd0f2a1a3",
+             u"请先保存文件，然后重新启动程序。"_s},
+            {"Russian, told by its small letters", "f3cfc8d2c1cec9d4c520c6c1cacc20c5dda320d2c1da2e",
+             u"Сохраните файл ещё раз."_s},
+            {"French", "4c65206368e274656175206ff9206c92e974e9207392616368e87665",
+             u"Le château où l’été s’achève"_s},
+        });
     }
     void aTextIsDecodedWhateverItsEncoding()
     {
-        QFETCH(QByteArray, hex);
-        QFETCH(QString, text);
-        const auto decoded = decodedText(QByteArray::fromHex(hex));
-        QVERIFY(decoded);
-        QCOMPARE(*decoded, text);
+        const auto [hex, text] = values<QByteArray, QString>();
+        QCOMPARE(decodedText(QByteArray::fromHex(hex)), text);
     }
 
     void whatComesLateIsHeardToo()
@@ -97,20 +84,21 @@ private slots:
 
     void halfATextIsNone_data()
     {
-        QTest::addColumn<QByteArray>("bytes");
         const QByteArray utf8("朝早く目が覚めたので、窓を開けた。");
         const auto eucJp = QByteArray::fromHex("a4b3a4cecbdca4cfc6c9a4dfa4dea4b7a4bfa1a3");
-        QTest::newRow("UTF-8 whose end is cut off") << utf8.chopped(1);
-        QTest::newRow("UTF-8 with a byte lost on the way") << utf8.left(10) + utf8.mid(11) + " abc\n";
-        QTest::newRow("EUC-JP with a byte lost late") << eucJp.repeated(9000).remove(179'000, 1);
-        QTest::newRow("UTF-16 with an odd byte") << QByteArray("\xff\xfe\x42\x30\x44", 5);
-        QTest::newRow("UTF-16 with half a pair") << QByteArray("\xfe\xff\xd8\x3d\x30\x42", 6);
-        QTest::newRow("a picture") << QByteArray("\x89PNG\r\n\x1a\n\0\0\0\rIHDR\0\0\1\0\0\0\1\0", 25);
-        QTest::newRow("nothing but zeros") << QByteArray(4096, '\0');
+        cases<QByteArray>({
+            {"UTF-8 whose end is cut off", utf8.chopped(1)},
+            {"UTF-8 with a byte lost on the way", utf8.left(10) + utf8.mid(11) + " abc\n"},
+            {"EUC-JP with a byte lost late", eucJp.repeated(9000).remove(179'000, 1)},
+            {"UTF-16 with an odd byte", {"\xff\xfe\x42\x30\x44", 5}},
+            {"UTF-16 with half a pair", {"\xfe\xff\xd8\x3d\x30\x42", 6}},
+            {"a picture", {"\x89PNG\r\n\x1a\n\0\0\0\rIHDR\0\0\1\0\0\0\1\0", 25}},
+            {"nothing but zeros", {4096, '\0'}},
+        });
     }
     void halfATextIsNone()
     {
-        QFETCH(QByteArray, bytes);
+        const auto [bytes] = values<QByteArray>();
         QVERIFY(!decodedText(bytes));
     }
 };

@@ -1,3 +1,4 @@
+#include "Testing.h"
 #include "play/Alert.h"
 #include "play/EventToolbar.h"
 #include "play/Events.h"
@@ -7,9 +8,7 @@
 #include <QDialogButtonBox>
 #include <QMainWindow>
 #include <QMessageBox>
-#include <QPushButton>
 #include <QTemporaryDir>
-#include <QTest>
 #include <QToolBar>
 #include <QToolButton>
 
@@ -19,9 +18,6 @@ class EventsTest : public QObject {
     Q_OBJECT
 
     QTemporaryDir m_folder;
-    int m_stores = 0;
-
-    QString newStore() { return m_folder.filePath(u"%1.conf"_s.arg(++m_stores)); }
 
     // A window with an alert, and the lines that it prints.
     struct Alerting {
@@ -40,7 +36,7 @@ class EventsTest : public QObject {
         QMessageBox *alert() const
         {
             const auto alerts = window.findChildren<QMessageBox *>();
-            return alerts.isEmpty() ? nullptr : alerts.last();
+            return alerts.value(alerts.size() - 1);
         }
         QMessageBox *raised(const QString &message)
         {
@@ -58,42 +54,34 @@ class EventsTest : public QObject {
 private slots:
     void eachButtonRecordsItsEvent_data()
     {
-        QTest::addColumn<int>("index");
-        QTest::addColumn<QString>("label");
-        QTest::addColumn<QString>("stored");
-        QTest::addColumn<qint64>("stage");
-        QTest::addColumn<QString>("message");
-        const auto row = [](int index, const char *label, const char *stored, qint64 stage,
-                            const char *message) {
-            QTest::newRow(label) << index << QString::fromUtf8(label) << QString::fromUtf8(stored) << stage
-                                 << QString::fromUtf8(message);
-        };
-        row(0, "🐱Cat", "CatPX5=3", 3, "🐱Cat に餌をやりました");
-        row(1, "🐦Bird", "BirdPX5=3", 3, "🐦Bird に餌をやりました");
-        row(2, "居場所", "CarPX5=🚙", -1, "居場所に戻りました");
-        row(3, "手荷物", "BagPX5=🛍", -1, "🐱🐦手荷物を確認しました");
-        row(4, "暗黙知", "FirmPX5=種子", -1, "🐱🐦暗黙知というタネを撒いて収穫物を確認しました");
-        row(5, "寄付", "FirmPX5=種子", -1, "🐱🐦寄付という税のような物を収穫物の中から支払いました");
+        cases<size_t, QString, QByteArray, qint64, QString>({
+            {"cat", 0, u"🐱Cat"_s, "CatPX5=3", 3, u"🐱Cat に餌をやりました"_s},
+            {"bird", 1, u"🐦Bird"_s, "BirdPX5=3", 3, u"🐦Bird に餌をやりました"_s},
+            {"place", 2, u"居場所"_s, "CarPX5=🚙", -1, u"居場所に戻りました"_s},
+            {"bag", 3, u"手荷物"_s, "BagPX5=🛍", -1, u"🐱🐦手荷物を確認しました"_s},
+            {"seed", 4, u"暗黙知"_s, "FirmPX5=種子", -1,
+             u"🐱🐦暗黙知というタネを撒いて収穫物を確認しました"_s},
+            {"gift", 5, u"寄付"_s, "FirmPX5=種子", -1,
+             u"🐱🐦寄付という税のような物を収穫物の中から支払いました"_s},
+        });
     }
     void eachButtonRecordsItsEvent()
     {
-        QFETCH(int, index);
-        QFETCH(QString, stored);
-        const QString file = newStore();
+        const auto [index, label, stored, nextStage, said] =
+            values<size_t, QString, QByteArray, qint64, QString>();
+        const QString file = m_folder.filePath(label);
         UserDefaults store(file);
         State<qint64> stage{-1};
         State<QString> message;
         State<bool> shown{false};
-        const Event &event = events().at(size_t(index));
-        QTEST(event.label, "label");
+        const Event &event = events().at(index);
+        QCOMPARE(event.label, label);
         for (int time = 0; time < 2; ++time) { // a second time changes nothing
             perform(event, store, stage, message, shown);
-            QTEST(stage.value(), "stage");
-            QTEST(message.value(), "message");
+            QCOMPARE(stage.value(), nextStage);
+            QCOMPARE(message.value(), said);
             QVERIFY(shown);
-            QFile written(file);
-            QVERIFY(written.open(QFile::ReadOnly));
-            QCOMPARE(QString::fromUtf8(written.readAll()), u"[General]\n"_s + stored + u'\n');
+            QCOMPARE(contentOf(file), "[General]\n" + stored + '\n');
         }
     }
 
@@ -105,20 +93,18 @@ private slots:
         window.addToolBar(bar);
         window.resize(900, 200);
         window.show();
-        QStringList labels;
         QList<QToolButton *> buttons;
         for (QAction *action : bar->actions()) {
             if (auto *button = qobject_cast<QToolButton *>(bar->widgetForAction(action));
                 button && !action->text().isEmpty()) {
-                labels += action->text();
                 buttons += button;
                 QVERIFY(button->isVisible() && button->focusPolicy() & Qt::TabFocus);
                 QTest::keyClick(button, Qt::Key_Space);
+                QCOMPARE(pressed.value(buttons.size() - 1), action->text());
             }
         }
-        QCOMPARE(labels,
+        QCOMPARE(pressed,
                  QStringList({u"🐱Cat"_s, u"🐦Bird"_s, u"居場所"_s, u"手荷物"_s, u"暗黙知"_s, u"寄付"_s}));
-        QCOMPARE(pressed, labels);
         QVERIFY(buttons.first()->x() < 30);
         QVERIFY(buttons.last()->geometry().right() > 870);
         QVERIFY(buttons[1]->x() > 450);
@@ -149,47 +135,26 @@ private slots:
 
     void eachWayOutPressesOneButtonOnce_data()
     {
-        QTest::addColumn<int>("way");
-        QTest::addColumn<QString>("printed");
-        QTest::newRow("a click on OK") << 0 << u"OK"_s;
-        QTest::newRow("a click on キャンセル") << 1 << u"Cancel"_s;
-        QTest::newRow("Return") << 2 << u"OK"_s;
-        QTest::newRow("Escape") << 3 << u"Cancel"_s;
-        QTest::newRow("the close button") << 4 << u"Cancel"_s;
-        QTest::newRow("the state that it shows") << 5 << QString();
+        using Way = std::function<void(Alerting &)>;
+        const auto press = [](Qt::Key key) { QTest::keyClick(QApplication::focusWidget(), key); };
+        cases<Way, QString>({
+            {"a click on OK", [](Alerting &scene) { scene.alert()->buttons()[0]->click(); }, u"OK"_s},
+            {"a click on キャンセル", [](Alerting &scene) { scene.alert()->buttons()[1]->click(); },
+             u"Cancel"_s},
+            {"Return", [=](Alerting &) { press(Qt::Key_Return); }, u"OK"_s},
+            {"Escape", [=](Alerting &) { press(Qt::Key_Escape); }, u"Cancel"_s},
+            {"the close button", [](Alerting &scene) { scene.alert()->close(); }, u"Cancel"_s},
+            {"the state that it shows", [](Alerting &scene) { scene.showAlert = false; }, {}},
+        });
     }
     void eachWayOutPressesOneButtonOnce()
     {
-        QFETCH(int, way);
-        QFETCH(QString, printed);
+        const auto [goOut, printed] = values<std::function<void(Alerting &)>, QString>();
         Alerting scene;
         for (int time = 1; time <= 2; ++time) {
-            QMessageBox *alert = scene.raised(u"また"_s);
-            QVERIFY(QTest::qWaitForWindowActive(alert));
-            switch (way) {
-            case 0:
-                alert->buttons()[0]->click();
-                break;
-            case 1:
-                alert->buttons()[1]->click();
-                break;
-            case 2:
-                QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
-                break;
-            case 3:
-                QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
-                break;
-            case 4:
-                alert->close();
-                break;
-            case 5:
-                scene.showAlert = false;
-                break;
-            }
-            QStringList expected;
-            if (!printed.isEmpty())
-                expected = QStringList(time, printed);
-            QCOMPARE(scene.afterClosing(), expected);
+            QVERIFY(QTest::qWaitForWindowActive(scene.raised(u"また"_s)));
+            goOut(scene);
+            QCOMPARE(scene.afterClosing(), printed.isEmpty() ? QStringList() : QStringList(time, printed));
             QCOMPARE(scene.alertMessage.value(), u"また"_s);
         }
     }

@@ -1,9 +1,9 @@
+#include "Testing.h"
 #include "play/Journey.h"
 #include "play/JourneyBoard.h"
 
 #include <QLineEdit>
 #include <QPushButton>
-#include <QTest>
 #include <QVBoxLayout>
 
 using namespace Journey;
@@ -16,14 +16,15 @@ Board sailingAt(double offset)
     return {.offset = offset};
 }
 
-Board returningFrom(double offset)
-{
-    return {.offset = offset, .movingRight = false, .movingStr = sailing.toString()};
-}
-
+// From an anchor on, the boat is one that returns.
 Board anchored(double offset, QStringView label)
 {
     return {.offset = offset, .movingRight = false, .movingStr = label.toString()};
+}
+
+Board returningFrom(double offset)
+{
+    return anchored(offset, sailing);
 }
 
 } // namespace
@@ -58,24 +59,14 @@ class JourneyBoardTest : public QObject {
             window.resize(boardWidth + margins, 300);
             window.show();
         }
-        QPushButton *button(const QString &title) const
+        QList<QPushButton *> buttons() const
         {
-            for (QPushButton *candidate : window.findChildren<QPushButton *>()) {
-                if (candidate->isVisible() && candidate->text() == title)
-                    return candidate;
-            }
-            return nullptr;
+            QList<QPushButton *> visible = window.findChildren<QPushButton *>();
+            visible.removeIf([](const QPushButton *button) { return !button->isVisible(); });
+            return visible;
         }
+        QPushButton *button(const QString &title) const { return titled(title, buttons()); }
         QPushButton *boat() const { return button(movingStr); }
-        QStringList shown() const
-        {
-            QStringList titles;
-            for (const QPushButton *candidate : window.findChildren<QPushButton *>()) {
-                if (candidate->isVisible())
-                    titles += candidate->text();
-            }
-            return titles;
-        }
         // How far a button is from the middle of the board.
         double fromMiddle(const QPushButton *shownButton) const
         {
@@ -98,40 +89,29 @@ private slots:
 
     void aPressMovesTheBoat_data()
     {
-        QTest::addColumn<Board>("before");
-        QTest::addColumn<double>("width");
-        QTest::addColumn<Board>("after");
         const Board right = anchored(400, anchoredRight), left = anchored(0, anchoredLeft);
-
-        QTest::newRow("a step to the right") << sailingAt(0) << 500.0 << sailingAt(50);
-        QTest::newRow("the last step before the limit") << sailingAt(300) << 500.0 << sailingAt(350);
-        QTest::newRow("a step onto the limit anchors") << sailingAt(350) << 500.0 << right;
-        QTest::newRow("a step past the limit snaps back to it")
-            << sailingAt(350) << 480.0 << anchored(380, anchoredRight);
-        QTest::newRow("a fractional limit is kept")
-            << sailingAt(350) << 480.25 << anchored(380.25, anchoredRight);
-        QTest::newRow("half a point short of the limit sails on")
-            << sailingAt(350) << 500.5 << sailingAt(400);
-        QTest::newRow("a window made narrower anchors far back")
-            << sailingAt(350) << 200.0 << anchored(100, anchoredRight);
-        QTest::newRow("a region of 150 anchors at once")
-            << sailingAt(0) << 150.0 << anchored(50, anchoredRight);
-        QTest::newRow("a region as wide as the boat")
-            << sailingAt(0) << 100.0 << anchored(0, anchoredRight);
-        QTest::newRow("no region at all") << sailingAt(0) << 0.0 << anchored(-100, anchoredRight);
-        QTest::newRow("from the right anchor a step to the left") << right << 500.0 << returningFrom(350);
-        QTest::newRow("the left limit doesn't depend on the width") << right << 90.0 << returningFrom(350);
-        QTest::newRow("a step onto the left limit anchors") << returningFrom(50) << 500.0 << left;
-        QTest::newRow("a step past it snaps back to it") << returningFrom(30) << 500.0 << left;
-        QTest::newRow("from a negative right anchor straight to the left one")
-            << anchored(-100, anchoredRight) << 0.0 << left;
-        QTest::newRow("at the left anchor it stays") << left << 500.0 << left;
+        cases<Board, double, Board>({
+            {"a step to the right", sailingAt(0), 500, sailingAt(50)},
+            {"the last step before the limit", sailingAt(300), 500, sailingAt(350)},
+            {"a step onto the limit anchors", sailingAt(350), 500, right},
+            {"a step past the limit snaps back to it", sailingAt(350), 480, anchored(380, anchoredRight)},
+            {"a fractional limit is kept", sailingAt(350), 480.25, anchored(380.25, anchoredRight)},
+            {"half a point short of the limit sails on", sailingAt(350), 500.5, sailingAt(400)},
+            {"a window made narrower anchors far back", sailingAt(350), 200, anchored(100, anchoredRight)},
+            {"a region of 150 anchors at once", sailingAt(0), 150, anchored(50, anchoredRight)},
+            {"a region as wide as the boat", sailingAt(0), 100, anchored(0, anchoredRight)},
+            {"no region at all", sailingAt(0), 0, anchored(-100, anchoredRight)},
+            {"from the right anchor a step to the left", right, 500, returningFrom(350)},
+            {"the left limit doesn't depend on the width", right, 90, returningFrom(350)},
+            {"a step onto the left limit anchors", returningFrom(50), 500, left},
+            {"a step past it snaps back to it", returningFrom(30), 500, left},
+            {"from a negative right anchor to the left one", anchored(-100, anchoredRight), 0, left},
+            {"at the left anchor it stays", left, 500, left},
+        });
     }
     void aPressMovesTheBoat()
     {
-        QFETCH(Board, before);
-        QFETCH(double, width);
-        QFETCH(Board, after);
+        auto [before, width, after] = values<Board, double, Board>();
         for (const qint64 stage : {0, -4}) { // the stage is none of the boat's business
             before.btnStatus = after.btnStatus = stage;
             QCOMPARE(boatPressed(before, width), after);
@@ -159,22 +139,19 @@ private slots:
 
     void destinationsLeadOn_data()
     {
-        QTest::addColumn<Destination>("destination");
-        QTest::addColumn<qint64>("stage");
-        QTest::addColumn<bool>("sendsOff");
-        QTest::newRow("食品購入") << Destination::BuyFood << qint64(0) << false;
-        QTest::newRow("衣類購入") << Destination::BuyClothes << qint64(-1) << false;
-        QTest::newRow("お店") << Destination::Shop << qint64(1) << false;
-        QTest::newRow("居場所") << Destination::OwnPlace << qint64(2) << false;
-        QTest::newRow("下船") << Destination::Disembark << qint64(-2) << false;
-        QTest::newRow("冨士山公園") << Destination::FujiPark << qint64(-3) << true;
-        QTest::newRow("駅") << Destination::Station << qint64(-4) << true;
+        cases<Destination, qint64, bool>({
+            {"食品購入", Destination::BuyFood, 0, false},
+            {"衣類購入", Destination::BuyClothes, -1, false},
+            {"お店", Destination::Shop, 1, false},
+            {"居場所", Destination::OwnPlace, 2, false},
+            {"下船", Destination::Disembark, -2, false},
+            {"冨士山公園", Destination::FujiPark, -3, true},
+            {"駅", Destination::Station, -4, true},
+        });
     }
     void destinationsLeadOn()
     {
-        QFETCH(Destination, destination);
-        QFETCH(qint64, stage);
-        QFETCH(bool, sendsOff);
+        const auto [destination, stage, sendsOff] = values<Destination, qint64, bool>();
         for (Board before : {anchored(400, anchoredRight), anchored(0, anchoredLeft), sailingAt(150)}) {
             Board expected = sendsOff ? sailingAt(0) : before;
             expected.btnStatus = stage;
@@ -184,30 +161,30 @@ private slots:
 
     void eachStageShowsItsButtons_data()
     {
-        QTest::addColumn<qint64>("stage");
-        QTest::addColumn<QString>("label");
-        QTest::addColumn<QStringList>("buttons");
         const QString sail = sailing.toString(), right = anchoredRight.toString();
-        QTest::newRow("4: nothing") << qint64(4) << sail << QStringList();
-        QTest::newRow("3: the own place") << qint64(3) << sail << QStringList{u"居場所"_s};
-        QTest::newRow("2: the shop") << qint64(2) << sail << QStringList{u"お店"_s};
-        QTest::newRow("1: what to buy") << qint64(1) << sail << QStringList{u"食品購入"_s, u"衣類購入"_s};
-        QTest::newRow("0: the boat") << qint64(0) << sail << QStringList{sail};
-        QTest::newRow("-4: the boat") << qint64(-4) << sail << QStringList{sail};
-        QTest::newRow("anchored: boat and anchor buttons")
-            << qint64(-1) << right << QStringList{right, u"下船"_s, u"冨士山公園"_s, u"駅"_s};
-        QTest::newRow("anchored but ashore: the anchor buttons stay")
-            << qint64(3) << right << QStringList{u"下船"_s, u"冨士山公園"_s, u"駅"_s, u"居場所"_s};
-        QTest::newRow("another label is no anchor") << qint64(5) << u"船🛥⚓"_s << QStringList();
+        const QStringList ashore{u"下船"_s, u"冨士山公園"_s, u"駅"_s};
+        cases<qint64, QString, QStringList>({
+            {"4: nothing", 4, sail, {}},
+            {"3: the own place", 3, sail, {u"居場所"_s}},
+            {"2: the shop", 2, sail, {u"お店"_s}},
+            {"1: what to buy", 1, sail, {u"食品購入"_s, u"衣類購入"_s}},
+            {"0: the boat", 0, sail, {sail}},
+            {"-4: the boat", -4, sail, {sail}},
+            {"anchored: boat and anchor buttons", -1, right, QStringList{right} + ashore},
+            {"anchored but ashore: the anchor buttons stay", 3, right, ashore + QStringList{u"居場所"_s}},
+            {"another label is no anchor", 5, u"船🛥⚓"_s, {}},
+        });
     }
     void eachStageShowsItsButtons()
     {
-        QFETCH(qint64, stage);
-        QFETCH(QString, label);
+        const auto [stage, label, buttons] = values<qint64, QString, QStringList>();
         Shown shown;
         shown.btnStatus = stage;
         shown.movingStr = label;
-        QTEST(shown.shown(), "buttons");
+        QStringList titles;
+        for (const QPushButton *button : shown.buttons())
+            titles += button->text();
+        QCOMPARE(titles, buttons);
     }
 
     void theAnchorButtonsAreShiftedFromTheirOwnPlaces()
@@ -220,17 +197,14 @@ private slots:
         QCOMPARE(shown.fromMiddle(shown.boat()), 400.0);
         QCOMPARE(shown.boat()->y(), height);
         const QStringList titles{u"下船"_s, u"冨士山公園"_s, u"駅"_s};
-        QList<int> atRight, heights;
-        for (const QString &title : titles) {
-            atRight += shown.button(title)->x();
-            heights += shown.button(title)->y();
-        }
+        QList<QPoint> atRight;
+        for (const QString &title : titles)
+            atRight += shown.button(title)->pos();
         shown.press(9);
         QCOMPARE(shown.movingStr.value(), anchoredLeft.toString());
         for (int i = 0; i < 3; ++i) {
             const QPushButton *button = shown.button(titles[i]);
-            QCOMPARE(atRight[i] - button->x(), 400);
-            QCOMPARE(button->y(), heights[i]);
+            QCOMPARE(atRight[i] - button->pos(), QPoint(400, 0));
             QCOMPARE(button->geometry().bottom(), shown.board->geometry().bottom());
         }
         // Side by side and centred, but for their own displacements of 0, -150 and -300.

@@ -1,3 +1,4 @@
+#include "Testing.h"
 #include "reading/FontSize.h"
 #include "reading/ReadingText.h"
 #include "reading/TextPane.h"
@@ -6,7 +7,6 @@
 #include <QAccessible>
 #include <QMimeData>
 #include <QSignalSpy>
-#include <QTest>
 #include <QTextBlock>
 #include <QTextLayout>
 
@@ -53,18 +53,19 @@ class LargeTextTest : public QObject {
 private slots:
     void itIsTheTextFromTheFirstMomentOn_data()
     {
-        QTest::addColumn<QString>("text");
-        QTest::newRow("many lines") << u"一行の文\n\n"_s.repeated(300'000);
-        QTest::newRow("many lines without one at the end") << u"1\n2\n3"_s.repeated(60'000);
-        QTest::newRow("every kind of line end")
-            << u"a\r\nb\rc\nd\u0085e\u2028f\u2029g\vh\fi\u2028\n\u2028"_s.repeated(60'000);
-        QTest::newRow("one very long line") << u"QUJDREVG+/=0"_s.repeated(300'000);
-        QTest::newRow("long lines with characters of several units")
-            << (longLine(60'000) + u"\n短い\n\n"_s).repeated(9) + longLine(2000);
+        cases<QString>({
+            {"many lines", u"一行の文\n\n"_s.repeated(300'000)},
+            {"many lines without one at the end", u"1\n2\n3"_s.repeated(60'000)},
+            {"every kind of line end",
+             u"a\r\nb\rc\nd\u0085e\u2028f\u2029g\vh\fi\u2028\n\u2028"_s.repeated(60'000)},
+            {"one very long line", u"QUJDREVG+/=0"_s.repeated(300'000)},
+            {"long lines with characters of several units",
+             (longLine(60'000) + u"\n短い\n\n"_s).repeated(9) + longLine(2000)},
+        });
     }
     void itIsTheTextFromTheFirstMomentOn()
     {
-        QFETCH(QString, text);
+        const auto [text] = values<QString>();
         QString lines = text; // as they are once somebody has edited them
         lines.replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n').replace(QChar::ParagraphSeparator, u'\n');
 

@@ -1,3 +1,4 @@
+#include "Testing.h"
 #include "pdf/TextPdf.h"
 
 #include <QColor>
@@ -6,7 +7,6 @@
 #include <QRectF>
 #include <QRegularExpression>
 #include <QTemporaryDir>
-#include <QTest>
 
 #include <algorithm>
 #include <map>
@@ -19,20 +19,19 @@ class PdfTest : public QObject {
 
     QTemporaryDir m_folder;
     QString m_file = m_folder.filePath(u"text.pdf"_s);
-    PdfProgress m_progress;
     const QRegularExpression m_directions{u"[\u202a-\u202e]"_s}; // as the reader marks them
 
     PdfResult write(const QString &text, const PdfSettings &settings = {})
     {
-        QFile file(m_file);
-        if (!file.open(QIODevice::WriteOnly))
-            return PdfResult::Failed;
+        QByteArray document;
         const auto output = [&](const char *bytes, std::size_t count) {
-            return file.write(bytes, qint64(count)) == qint64(count);
+            document.append(bytes, qsizetype(count));
+            return true;
         };
-        m_progress.pages = 0;
-        return writeTextPdf({reinterpret_cast<const char16_t *>(text.utf16()), std::size_t(text.size())},
-                            settings, output, m_progress);
+        PdfProgress progress;
+        const PdfResult result = writeTextPdf(text.toStdU16String(), settings, output, progress);
+        written(m_file, document);
+        return result;
     }
 
     QString read(const QStringList &how) const
@@ -77,31 +76,30 @@ class PdfTest : public QObject {
 private slots:
     void textComesOutAsItWentIn_data()
     {
-        QTest::addColumn<QString>("text");
-        QTest::newRow("prose with brackets, small kana and ideographic spaces") << prose();
-        QTest::newRow("full and half width, compatibility characters")
-            << u"ＡＢＣ　ｱﾊﾟｰﾄ ①㈱㎏℃ 髙﨑 〜～ −－ ‥…—"_s;
-        QTest::newRow("characters that look the same and share a glyph") << u"日⽇文⽂一⼀ KK ΩΩ"_s;
-        QTest::newRow("kerning and ligatures") << u"AVATAR office ffl fi To We ‘L’été’ naïve"_s;
-        QTest::newRow("marks, variants, syllables made of parts")
-            << u"か\u309aき\u309a e\u0301 葛\U000e0100飾 \u1112\u1161\u11ab 각"_s;
-        QTest::newRow("emoji of one and of several characters")
-            << u"😀🎉👨‍👩‍👧🇯🇵🇺🇸👍🏽1️⃣❤️☺🏳️‍🌈"_s;
-        QTest::newRow("an emoji in the middle of words") << u"note2️⃣self 猫🐈‍⬛黒"_s;
-        QTest::newRow("parentheses, backslashes, and codes that would be line ends")
-            << u"(a\\(b)\\n) čĊ ഊ"_s;
-        QTest::newRow("marks that no character has with its letter")
-            << u"q\u0302\u0301 Q\u0301 g\u0323 か\u20dd 日\u20de ❤\ufe0e"_s;
-        QTest::newRow("nothing to be seen") << u"a\u200bb\u00adc\ufeffd\u2060e"_s;
         QString rare;
         for (char32_t c = 0xf0000; c < 0xf0600; ++c)
             rare += QString::fromUcs4(&c, 1);
-        QTest::newRow("characters that no font has") << rare;
-        QTest::newRow("a word without an end") << u"abc"_s.repeated(20'000);
+        cases<QString>({
+            {"prose with brackets, small kana and ideographic spaces", prose()},
+            {"full and half width, compatibility characters", u"ＡＢＣ　ｱﾊﾟｰﾄ ①㈱㎏℃ 髙﨑 〜～ −－ ‥…—"_s},
+            {"characters that look the same and share a glyph", u"日⽇文⽂一⼀ KK ΩΩ"_s},
+            {"kerning and ligatures", u"AVATAR office ffl fi To We ‘L’été’ naïve"_s},
+            {"marks, variants, syllables made of parts",
+             u"か\u309aき\u309a e\u0301 葛\U000e0100飾 \u1112\u1161\u11ab 각"_s},
+            {"emoji of one and of several characters",
+             u"😀🎉👨‍👩‍👧🇯🇵🇺🇸👍🏽1️⃣❤️☺🏳️‍🌈"_s},
+            {"an emoji in the middle of words", u"note2️⃣self 猫🐈‍⬛黒"_s},
+            {"parentheses, backslashes, and codes that would be line ends", u"(a\\(b)\\n) čĊ ഊ"_s},
+            {"marks that no character has with its letter",
+             u"q\u0302\u0301 Q\u0301 g\u0323 か\u20dd 日\u20de ❤\ufe0e"_s},
+            {"nothing to be seen", u"a\u200bb\u00adc\ufeffd\u2060e"_s},
+            {"characters that no font has", rare},
+            {"a word without an end", u"abc"_s.repeated(20'000)},
+        });
     }
     void textComesOutAsItWentIn()
     {
-        QFETCH(const QString, text);
+        const auto [text] = values<QString>();
         QCOMPARE(write(text), PdfResult::Written);
         QCOMPARE(withoutBlanks(read({u"-raw"_s})), withoutBlanks(text));
         QCOMPARE(withoutBlanks(read({})), withoutBlanks(text)); // in the order of reading, too
@@ -191,37 +189,24 @@ private slots:
 
     void pagesAreTheOnesAskedFor_data()
     {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<int>("copies");
-        QTest::addColumn<bool>("collated");
-        QTest::addColumn<bool>("lastFirst");
-        QTest::addColumn<int>("from");
-        QTest::addColumn<QString>("expected");
-        QTest::newRow("an empty text is an empty page") << QString() << 1 << true << false << 1 << u"|"_s;
-        QTest::newRow("a form feed begins a page")
-            << u"a\fb\f\fc"_s << 1 << true << false << 1 << u"a|b||c|"_s;
-        QTest::newRow("a page of their own for two lines")
-            << u"a\nb\n"_s << 1 << true << false << 1 << u"ab|"_s;
-        QTest::newRow("a page full of lines, whatever ends them")
-            << u"a\r\n"_s.repeated(20) + u"b\r"_s.repeated(20) << 1 << true << false << 1
-            << u"a"_s.repeated(20) + u"b"_s.repeated(20) + u"|"_s;
-        QTest::newRow("copies, one after the other")
-            << u"a\fb"_s << 2 << true << false << 1 << u"a|b|a|b|"_s;
-        QTest::newRow("copies, page by page") << u"a\fb"_s << 2 << false << false << 1 << u"a|a|b|b|"_s;
-        QTest::newRow("the last page first") << u"a\fb\fc"_s << 1 << true << true << 1 << u"c|b|a|"_s;
-        QTest::newRow("from the second page on") << u"a\fb\fc"_s << 1 << true << false << 2 << u"b|c|"_s;
+        const QString a = u"a\r\n"_s.repeated(20), b = u"b\r"_s.repeated(20);
+        const auto fromTheSecond = [](int page) { return page >= 2; };
+        cases<QString, PdfSettings, QString>({
+            {"an empty text is an empty page", {}, {}, u"|"_s},
+            {"a form feed begins a page", u"a\fb\f\fc"_s, {}, u"a|b||c|"_s},
+            {"a page of their own for two lines", u"a\nb\n"_s, {}, u"ab|"_s},
+            {"a page full of lines, whatever ends them", a + b, {}, withoutBlanks(a + b) + u'|'},
+            {"copies, one after the other", u"a\fb"_s, {.copies = 2}, u"a|b|a|b|"_s},
+            {"copies, page by page", u"a\fb"_s, {.copies = 2, .collated = false}, u"a|a|b|b|"_s},
+            {"the last page first", u"a\fb\fc"_s, {.lastFirst = true}, u"c|b|a|"_s},
+            {"from the second page on", u"a\fb\fc"_s, {.wants = fromTheSecond}, u"b|c|"_s},
+        });
     }
     void pagesAreTheOnesAskedFor()
     {
-        QFETCH(const QString, text);
-        QFETCH(const int, copies);
-        QFETCH(const bool, collated);
-        QFETCH(const bool, lastFirst);
-        QFETCH(const int, from);
-        PdfSettings settings{.copies = copies, .collated = collated, .lastFirst = lastFirst};
-        settings.wants = [from](int page) { return page >= from; };
+        const auto [text, settings, expected] = values<QString, PdfSettings, QString>();
         QCOMPARE(write(text, settings), PdfResult::Written);
-        QTEST(withoutBlanks(read({u"-raw"_s}).replace(u'\f', u'|')), "expected");
+        QCOMPARE(withoutBlanks(read({u"-raw"_s}).replace(u'\f', u'|')), expected);
     }
 
     void aNarrowSheetGetsNarrowLines()

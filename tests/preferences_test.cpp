@@ -1,9 +1,9 @@
+#include "Testing.h"
 #include "preferences/AppStorage.h"
 #include "preferences/PreferenceKeys.h"
 #include "preferences/UserDefaults.h"
 
 #include <QTemporaryDir>
-#include <QTest>
 
 #include <csignal>
 #include <limits>
@@ -21,48 +21,32 @@ class PreferencesTest : public QObject {
 
     QString newFile() { return m_folder.filePath(u"store-%1.conf"_s.arg(++m_files)); }
 
-    QString fileWith(const QByteArray &content)
-    {
-        const QString name = newFile();
-        QFile file(name);
-        if (!file.open(QFile::WriteOnly) || file.write(content) != content.size())
-            qFatal("can't write %s", qPrintable(name));
-        return name;
-    }
-
-    // Not through a store: one in this process takes a file of the same age and size for the same.
-    static QByteArray content(const QString &name)
-    {
-        QFile file(name);
-        return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray();
-    }
+    QString fileWith(const QByteArray &content) { return written(newFile(), content); }
 
 private slots:
     void integersAreReadFromWhateverIsStored_data()
     {
-        QTest::addColumn<QByteArray>("line");
-        QTest::addColumn<qint64>("expected");
-
-        QTest::newRow("an absent key reads as 0") << QByteArray("BirdPX5=3") << qint64(0);
-        QTest::newRow("a number") << QByteArray("CatPX5=3") << qint64(3);
-        QTest::newRow("a negative number") << QByteArray("CatPX5=-4") << qint64(-4);
-        QTest::newRow("zeros before a number are nothing but zeros")
-            << QByteArray("CatPX5=010") << qint64(10);
-        QTest::newRow("a string's leading number") << QByteArray("CatPX5=12 monkeys") << qint64(12);
-        QTest::newRow("a string without a number") << QByteArray("CatPX5=neko") << qint64(0);
-        QTest::newRow("an empty string") << QByteArray("CatPX5=") << qint64(0);
-        QTest::newRow("a fraction is cut off") << QByteArray("CatPX5=2.9") << qint64(2);
-        QTest::newRow("a list is no number") << QByteArray("CatPX5=3, 4") << qint64(0);
-        QTest::newRow("a binary value is no number") << QByteArray("CatPX5=@Rect(1 2 3 4)") << qint64(0);
-        QTest::newRow("Japanese digits are no number") << QByteArray("CatPX5=３") << qint64(0);
-        QTest::newRow("too large a number is the largest")
-            << QByteArray("CatPX5=99999999999999999999") << std::numeric_limits<qint64>::max();
+        cases<QByteArray, qint64>({
+            {"an absent key reads as 0", "BirdPX5=3", 0},
+            {"a number", "CatPX5=3", 3},
+            {"a negative number", "CatPX5=-4", -4},
+            {"zeros before a number are nothing but zeros", "CatPX5=010", 10},
+            {"a string's leading number", "CatPX5=12 monkeys", 12},
+            {"a string without a number", "CatPX5=neko", 0},
+            {"an empty string", "CatPX5=", 0},
+            {"a fraction is cut off", "CatPX5=2.9", 2},
+            {"a list is no number", "CatPX5=3, 4", 0},
+            {"a binary value is no number", "CatPX5=@Rect(1 2 3 4)", 0},
+            {"Japanese digits are no number", "CatPX5=３", 0},
+            {"too large a number is the largest", "CatPX5=99999999999999999999",
+             std::numeric_limits<qint64>::max()},
+        });
     }
     void integersAreReadFromWhateverIsStored()
     {
-        QFETCH(QByteArray, line);
+        const auto [line, expected] = values<QByteArray, qint64>();
         const UserDefaults store(fileWith("[General]\n" + line + '\n'));
-        QTEST(store.integer(Key::CatPX5), "expected");
+        QCOMPARE(store.integer(Key::CatPX5), expected);
     }
 
     void valuesSurviveARestart()
@@ -84,6 +68,7 @@ private slots:
         QCOMPARE(store.string(Key::CarPX5), std::nullopt);
     }
 
+    // Not read through a store: one in this process takes a file of the same age and size for the same.
     void aValueIsOnDiskWhenItsSetterReturns()
     {
         const QString file = newFile();
@@ -95,7 +80,7 @@ private slots:
                 raise(SIGKILL);
             }
             waitpid(child, nullptr, 0);
-            QCOMPARE(content(file), QByteArray("[General]\nCatPX5=") + QByteArray::number(value) + '\n');
+            QCOMPARE(contentOf(file), QByteArray("[General]\nCatPX5=") + QByteArray::number(value) + '\n');
         }
     }
 
@@ -114,57 +99,45 @@ private slots:
             QTest::qSleep(1 + round % 7);
             kill(child, SIGKILL);
             waitpid(child, nullptr, 0);
-            const QByteArray read = content(file).sliced(qstrlen("[General]\nFirmPX5="));
+            const QByteArray read = contentOf(file).sliced(qstrlen("[General]\nFirmPX5="));
             QCOMPARE(read.size(), 5001);
             QCOMPARE(read.count(read.front()), 5000);
         }
-        const QStringList left =
-            m_folder.isValid() ? QDir(m_folder.path()).entryList({u"*unreadable*"_s}) : QStringList();
-        QCOMPARE(left, QStringList());
+        QCOMPARE(QDir(m_folder.path()).entryList({u"*unreadable*"_s}), QStringList());
     }
 
-    void anUnreadableStoreIsKeptAsideAndReplaced_data()
-    {
-        QTest::addColumn<QByteArray>("content");
-        QTest::newRow("not lines of keys and values") << QByteArray("<xml>\nCatPX5\n</xml>\n");
-        QTest::newRow("binary") << QByteArray::fromHex("7f454c46020101000a0b00ff00fe0a00001b");
-        QTest::newRow("cut off in the middle") << QByteArray("[General]\nBirdPX5=3\nCat");
-    }
     void anUnreadableStoreIsKeptAsideAndReplaced()
     {
-        QFETCH(QByteArray, content);
-        const QString file = fileWith(content);
-        {
-            UserDefaults store(file);
-            QCOMPARE(store.integer(Key::BirdPX5), 0);
-            store.setInteger(3, Key::CatPX5);
+        for (const QByteArray &unreadable :
+             {QByteArray("<xml>\nCatPX5\n</xml>\n"), QByteArray("[General]\nBirdPX5=3\nCat"),
+              QByteArray::fromHex("7f454c46020101000a0b00ff00fe0a00001b")}) {
+            const QString file = fileWith(unreadable);
+            {
+                UserDefaults store(file);
+                QCOMPARE(store.integer(Key::BirdPX5), 0);
+                store.setInteger(3, Key::CatPX5);
+            }
+            QCOMPARE(UserDefaults(file).integer(Key::CatPX5), 3);
+
+            const QString pattern = QFileInfo(file).fileName() + u".unreadable-*"_s;
+            const QStringList kept = QDir(m_folder.path()).entryList({pattern});
+            QCOMPARE(kept.size(), 1);
+            QCOMPARE(contentOf(m_folder.filePath(kept.first())), unreadable);
         }
-        QCOMPARE(UserDefaults(file).integer(Key::CatPX5), 3);
-
-        const QString pattern = QFileInfo(file).fileName() + u".unreadable-*"_s;
-        const QStringList kept = QDir(m_folder.path()).entryList({pattern});
-        QCOMPARE(kept.size(), 1);
-        QCOMPARE(this->content(m_folder.filePath(kept.first())), content);
     }
 
-    void aStoreThatCannotBeWrittenWorksForTheRun_data()
-    {
-        QTest::addColumn<QString>("file");
-        QTest::newRow("a file stands where the folder should be")
-            << fileWith("x") + u"/tarumine/Tarumine.conf"_s;
-        QTest::newRow("no such home, and none can be made") << u"/proc/nowhere/.config/Tarumine.conf"_s;
-        const QString folder = newFile();
-        QDir().mkpath(folder);
-        QTest::newRow("a folder stands where the file should be") << folder;
-    }
     void aStoreThatCannotBeWrittenWorksForTheRun()
     {
-        QFETCH(QString, file);
-        UserDefaults store(file);
-        AppStorage<qint64> cat(Key::CatPX5, store);
-        cat = 3;
-        QCOMPARE(cat.value(), 3);
-        QCOMPARE(store.integer(Key::CatPX5), 3);
+        const QString folder = newFile(); // where the file should be
+        QDir().mkpath(folder);
+        for (const QString &file : {fileWith("no folder") + u"/tarumine/Tarumine.conf"_s, folder,
+                                    u"/proc/nowhere/.config/Tarumine.conf"_s}) {
+            UserDefaults store(file);
+            AppStorage<qint64> cat(Key::CatPX5, store);
+            cat = 3;
+            QCOMPARE(cat.value(), 3);
+            QCOMPARE(store.integer(Key::CatPX5), 3);
+        }
     }
 
     void everyFieldOnAKeyFollowsIt()

@@ -22,15 +22,15 @@ namespace {
 class PrintSystem {
 public:
     explicit PrintSystem(const QString &socket)
-        : m_address(address(socket))
-        , m_listener(httpAddrListen(&m_address, 0))
+        : m_addresses(httpAddrGetList(qPrintable(socket), AF_LOCAL, nullptr), httpAddrFreeList)
+        , m_listener(httpAddrListen(&m_addresses->addr, 0))
         , m_thread([this] { serve(); })
     {
     }
     ~PrintSystem()
     {
         end();
-        httpAddrClose(&m_address, m_listener);
+        httpAddrClose(&m_addresses->addr, m_listener);
     }
     void end() // what it has been told is to be looked at after that
     {
@@ -45,14 +45,6 @@ public:
     QByteArray document;
 
 private:
-    static http_addr_t address(const QString &socket)
-    {
-        http_addr_t address{};
-        address.un.sun_family = AF_LOCAL;
-        qstrncpy(address.un.sun_path, qPrintable(socket), sizeof(address.un.sun_path));
-        return address;
-    }
-
     // Several connections at a time: the client's library has one of its own beside ours.
     void serve()
     {
@@ -137,7 +129,7 @@ private:
         return got == 0;
     }
 
-    http_addr_t m_address;
+    std::unique_ptr<http_addrlist_t, decltype(&httpAddrFreeList)> m_addresses;
     int m_listener;
     std::atomic<bool> m_ends = false;
     std::thread m_thread;

@@ -1,22 +1,16 @@
+#include "Testing.h"
 #include "platform/OpenPanel.h"
 #include "preferences/PreferenceKeys.h"
 #include "preferences/UserDefaults.h"
-#include "reading/FontSize.h"
 #include "reading/OpeningMessage.h"
-#include "reading/ReadingControls.h"
 #include "reading/ReadingText.h"
 #include "reading/TextLoading.h"
 #include "reading/TextPane.h"
 
 #include <QFileDialog>
-#include <QLabel>
-#include <QLineEdit>
 #include <QMimeData>
-#include <QScrollBar>
 #include <QSignalSpy>
-#include <QSlider>
 #include <QTemporaryDir>
-#include <QTest>
 #include <QThreadPool>
 
 using namespace Qt::StringLiterals;
@@ -57,12 +51,9 @@ class ReadingTest : public QObject {
     State<qint64> m_sp1, m_sp2;
     TextLoading m_loading{m_text, m_sp1, m_sp2, m_store, [this](QWidget *) { return &m_panel; }};
 
-    QString write(const QString &name, const QByteArray &content)
+    QString write(const QString &name, const QByteArray &content) const
     {
-        QFile file(m_folder.filePath(name));
-        if (!file.open(QFile::WriteOnly) || file.write(content) != content.size())
-            qFatal("can't write %s", qPrintable(name));
-        return file.fileName();
+        return written(m_folder.filePath(name), content);
     }
 
     void pick(const QString &path)
@@ -87,36 +78,27 @@ private slots:
         QVERIFY(openingMessage().endsWith(u"簡易PDF出力（仮）が可能です。"));
     }
 
-    void theTextIsWhatWasAssigned_data()
-    {
-        QTest::addColumn<QString>("text");
-        QTest::newRow("nothing") << QString(u""_s);
-        QTest::newRow("several lines") << u"一\n\n三\n"_s;
-        QTest::newRow("no-break and ideographic spaces") << u"a\u00a0b　c\u3000"_s;
-        QTest::newRow("every kind of line end") << u"a\r\nb\rc\nd\u0085e\u2028f\u2029g\vh\fi"_s;
-        QTest::newRow("no characters at all") << u"\ufdd0\ufdd1\ufffe\ufffc"_s;
-        QTest::newRow("a zero and a byte order mark") << QString(u"a"_s + QChar(0) + u"\ufeffb"_s);
-        QTest::newRow("emoji and half a pair") << u"🐱👨‍👩‍👧"_s + QChar(0xd83d);
-    }
     void theTextIsWhatWasAssigned()
     {
-        QFETCH(QString, text);
-        ReadingText reading;
-        reading = text;
-        QCOMPARE(reading.value(), text);
+        for (const QString &text :
+             {u""_s, u"一\n\n三\n"_s, u"a\u00a0b　c\u3000"_s, u"\ufdd0\ufdd1\ufffe\ufffc"_s,
+              u"a\0\ufeffb"_s, u"a\r\nb\rc\nd\u0085e\u2028f\u2029g\vh\fi"_s,
+              u"🐱👨‍👩‍👧"_s + QChar(0xd83d)}) {
+            m_text = text;
+            QCOMPARE(m_text.value(), text);
+        }
     }
 
     void anEditIsTheTextAtOnce()
     {
-        ReadingText text;
         const State<double> size{14};
-        TextPane pane(text, size);
-        text = u"一\r\n二"_s;
+        TextPane pane(m_text, size);
+        m_text = u"一\r\n二"_s;
         QTest::keyClick(&pane, Qt::Key_End, Qt::ControlModifier);
         QTest::keyClicks(&pane, u"abc"_s);
-        QCOMPARE(text.value(), u"一\n二abc"_s);
+        QCOMPARE(m_text.value(), u"一\n二abc"_s);
         pane.undo();
-        QCOMPARE(text.value(), u"一\n二"_s);
+        QCOMPARE(m_text.value(), u"一\n二"_s);
     }
 
     void onlyPlainTextIsPasted()
@@ -137,64 +119,47 @@ private slots:
         QCOMPARE(pane.textCursor().charFormat().fontWeight(), int(QFont::Normal));
     }
 
-    void theFirstToggleChoosesTheFileType_data()
-    {
-        QTest::addColumn<qint64>("stored");
-        QTest::addColumn<QString>("type");
-        QTest::newRow("0 offers text") << qint64(0) << u"txt"_s;
-        QTest::newRow("1 offers RTF") << qint64(1) << u"rtf"_s;
-        QTest::newRow("any other number offers RTF") << qint64(2) << u"rtf"_s;
-        QTest::newRow("a negative one too") << qint64(-1) << u"rtf"_s;
-    }
     void theFirstToggleChoosesTheFileType()
     {
-        QFETCH(qint64, stored);
-        m_store.setInteger(stored, Key::IntKeyToggle1);
         m_store.setInteger(7, Key::IntKeyToggle2);
         m_text = u"前"_s;
-        m_loading.openText(nullptr);
-        QFETCH(QString, type);
-        QCOMPARE(m_panel.types(), QStringList(type));
-        QVERIFY(m_panel.picksOneFileOnly());
-        m_panel.answer(ModalResponse::Cancel);
-        finishReading();
-        QCOMPARE(m_sp1.value(), stored); // read also when nothing is picked then
-        QCOMPARE(m_sp2.value(), 7);
-        QCOMPARE(m_text.value(), u"前"_s);
-        m_store.setInteger(0, Key::IntKeyToggle1);
+        for (const qint64 stored : {1, 2, -1, 0}) {
+            m_store.setInteger(stored, Key::IntKeyToggle1);
+            m_loading.openText(nullptr);
+            QCOMPARE(m_panel.types(), QStringList(stored == 0 ? u"txt"_s : u"rtf"_s));
+            QVERIFY(m_panel.picksOneFileOnly());
+            m_panel.answer(ModalResponse::Cancel);
+            finishReading();
+            QCOMPARE(m_sp1.value(), stored); // read also when nothing is picked then
+            QCOMPARE(m_sp2.value(), 7);
+            QCOMPARE(m_text.value(), u"前"_s);
+        }
     }
 
     void aPickedFileBecomesTheText()
     {
         QSignalSpy loaded(&m_loading, &TextLoading::loaded);
-        pick(write(u"日本語 '$;&.txt"_s, "桜の樹の下には\r\n🐱"));
-        finishReading();
-        QCOMPARE(m_text.value(), u"桜の樹の下には\r\n🐱"_s);
-        QCOMPARE(loaded.size(), 1);
-        pick(write(u"a.rtf"_s, "{\\rtf1\\ansi \\b bold\\b0}"));
-        finishReading();
-        QCOMPARE(m_text.value(), u"{\\rtf1\\ansi \\b bold\\b0}"_s); // the source, not what it describes
-        pick(write(u"empty.txt"_s, ""));
-        finishReading();
-        QCOMPARE(m_text.value(), QString(u""_s));
+        const std::pair<QString, QByteArray> files[] = {
+            {u"日本語 '$;&.txt"_s, "桜の樹の下には\r\n🐱"},
+            {u"a.rtf"_s, "{\\rtf1\\ansi \\b bold\\b0}"}, // the source, not what it describes
+            {u"empty.txt"_s, ""}};
+        for (const auto &[name, content] : files) {
+            pick(write(name, content));
+            finishReading();
+            QCOMPARE(m_text.value(), QString::fromUtf8(content));
+        }
+        QCOMPARE(loaded.size(), 3);
     }
 
-    void whatCannotBeReadChangesNothing_data()
-    {
-        QTest::addColumn<QString>("path");
-        QTest::newRow("a text cut off") << write(u"cut.txt"_s, "\xe6\x9c\x9d\xe3\x81");
-        QTest::newRow("a folder") << m_folder.path();
-        QTest::newRow("a device") << u"/dev/zero"_s;
-        QTest::newRow("a file that is gone") << m_folder.filePath(u"gone.txt"_s);
-        QTest::newRow("no local file") << QString();
-    }
     void whatCannotBeReadChangesNothing()
     {
-        QFETCH(QString, path);
         m_text = u"前"_s;
-        pick(path);
-        finishReading();
-        QCOMPARE(m_text.value(), u"前"_s);
+        for (const QString &path : {write(u"cut.txt"_s, "\xe6\x9c\x9d\xe3\x81"), m_folder.path(),
+                                    u"/dev/zero"_s, m_folder.filePath(u"gone.txt"_s), QString()}) {
+            pick(path);
+            finishReading();
+            QCOMPARE(m_text.value(), u"前"_s);
+        }
     }
 
     void theLastAssignmentWins()
@@ -228,18 +193,17 @@ private slots:
     // The toolkit's dialog is driven as a person would: by a name typed by hand.
     void aNameTypedByHandIsCheckedToo_data()
     {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<bool>("accepted");
-        QTest::newRow("the type that is offered") << u"a.txt"_s << true;
-        QTest::newRow("in another letter case") << u"b.TXT"_s << true;
-        QTest::newRow("another type") << u"c.rtf"_s << false;
-        QTest::newRow("no extension") << u"txt"_s << false;
-        QTest::newRow("a folder") << u"folder.txt"_s << false;
+        cases<QString, bool>({
+            {"the type that is offered", u"a.txt"_s, true},
+            {"in another letter case", u"b.TXT"_s, true},
+            {"another type", u"c.rtf"_s, false},
+            {"no extension", u"txt"_s, false},
+            {"a folder", u"folder.txt"_s, false},
+        });
     }
     void aNameTypedByHandIsCheckedToo()
     {
-        QFETCH(QString, name);
-        QFETCH(bool, accepted);
+        const auto [name, accepted] = values<QString, bool>();
         for (const QString &file : {u"a.txt"_s, u"b.TXT"_s, u"c.rtf"_s, u"txt"_s})
             write(file, "中身");
         QDir(m_folder.path()).mkdir(u"folder.txt"_s);

@@ -51,29 +51,21 @@ private slots:
         }
     }
 
-    void onlyOneIsOn_data()
-    {
-        QTest::addColumn<qint64>("stored");
-        QTest::addColumn<bool>("on");
-        QTest::newRow("1 is on") << qint64(1) << true;
-        QTest::newRow("0 is off") << qint64(0) << false;
-        QTest::newRow("2 is off, and the first click stores 1") << qint64(2) << false;
-        QTest::newRow("-1 is off, and the first click stores 1") << qint64(-1) << false;
-    }
     void onlyOneIsOn()
     {
-        QFETCH(qint64, stored);
-        QFETCH(bool, on);
-        m_store.setInteger(stored, Key::IntKeyToggle4);
-        SettingsView settings(m_store);
-        const std::unique_ptr<Frame> view(settings.body());
-        QCheckBox *box = boxes(*view)[3];
-        QCOMPARE(box->isChecked(), on);
-        QCOMPARE(m_store.integer(Key::IntKeyToggle4), stored); // showing it changes nothing
-        box->click();
-        QCOMPARE(m_store.integer(Key::IntKeyToggle4), on ? 0 : 1);
-        box->click();
-        QCOMPARE(m_store.integer(Key::IntKeyToggle4), on ? 1 : 0);
+        for (const qint64 stored : {1, 0, 2, -1}) {
+            m_store.setInteger(stored, Key::IntKeyToggle4);
+            SettingsView settings(m_store);
+            const std::unique_ptr<Frame> view(settings.body());
+            QCheckBox *box = boxes(*view)[3];
+            const bool on = stored == 1;
+            QCOMPARE(box->isChecked(), on);
+            QCOMPARE(m_store.integer(Key::IntKeyToggle4), stored); // showing it changes nothing
+            box->click();
+            QCOMPARE(m_store.integer(Key::IntKeyToggle4), on ? 0 : 1);
+            box->click();
+            QCOMPARE(m_store.integer(Key::IntKeyToggle4), on ? 1 : 0);
+        }
     }
 
     void openViewsFollowEachOther()

@@ -1,10 +1,9 @@
+#include "Testing.h"
 #include "platform/Process.h"
 #include "platform/StandardOutput.h"
 #include "simulation/Simulation.h"
 
-#include <QFile>
 #include <QProcess>
-#include <QTest>
 
 #include <csignal>
 #include <cstdlib>
@@ -28,19 +27,12 @@ public:
     }
     ~Pipe()
     {
-        closeReader();
+        ::close(m_ends[0]);
         std::fclose(m_stream);
     }
 
     std::FILE *stream() { return m_stream; }
     int writingEnd() const { return m_ends[1]; }
-
-    void closeReader()
-    {
-        if (m_ends[0] >= 0)
-            ::close(m_ends[0]);
-        m_ends[0] = -1;
-    }
 
     // What can be read until nothing has come for `patience` milliseconds; at most `most` bytes.
     QByteArray read(int patience, qsizetype most = PTRDIFF_MAX)
@@ -60,11 +52,6 @@ private:
     int m_ends[2] = {-1, -1};
     std::FILE *m_stream = nullptr;
 };
-
-QByteArray numbered(int line)
-{
-    return "line " + QByteArray::number(line) + '\n';
-}
 
 // This program once more, in a process of its own, playing `part`.
 struct Actor {
@@ -118,8 +105,9 @@ private slots:
         StandardOutput output(pipe.stream());
         QByteArray expected;
         for (int i = 0; i < 900; ++i) {
-            output.post(numbered(i).toStdString());
-            expected += numbered(i);
+            const std::string line = "line " + std::to_string(i) + '\n';
+            output.post(line);
+            expected += line.c_str();
         }
         QCOMPARE(pipe.read(1000, expected.size()), expected);
         output.post("OK tapped\n");
@@ -128,41 +116,33 @@ private slots:
 
     void everyReaderIsSurvived_data()
     {
-        QTest::addColumn<std::function<void()>>("prepare");
-        const auto row = [](const char *name, std::function<void()> prepare) {
-            QTest::newRow(name) << prepare;
-        };
         const auto replace = [](int file) { ::dup2(file, 1); };
-        row("a file that can't grow", [=] { replace(::open("/dev/full", O_WRONLY)); });
-        row("nowhere", [] { ::close(0), ::close(1), ::close(2); });
-        row("something that can't be written", [=] { replace(::open("/dev/null", O_RDONLY)); });
-        row("a pipe whose reader has gone", [=] {
+        const auto lose = [=] {
             int ends[2];
             if (::pipe(ends) == 0)
                 replace(ends[1]), ::close(ends[0]), ::close(ends[1]);
+        };
+        cases<std::function<void()>>({
+            {"a file that can't grow", [=] { replace(::open("/dev/full", O_WRONLY)); }},
+            {"nowhere", [] { ::close(0), ::close(1), ::close(2); }},
+            {"something that can't be written", [=] { replace(::open("/dev/null", O_RDONLY)); }},
+            {"a pipe whose reader has gone", lose},
         });
     }
-
     void everyReaderIsSurvived()
     {
-        QFETCH(std::function<void()>, prepare);
+        const auto [prepare] = values<std::function<void()>>();
         QCOMPARE(Actor("printAll", prepare).status(), 7);
     }
 
-    void aProcessEndsAmidARunThatNobodyReads_data()
-    {
-        QTest::addColumn<QByteArray>("part");
-        QTest::addColumn<int>("status");
-        QTest::newRow("when it is quit") << QByteArray("endAmidARun") << 7;
-        QTest::newRow("when a library calls exit") << QByteArray("exitAmidARun") << EXIT_FAILURE;
-    }
     void aProcessEndsAmidARunThatNobodyReads()
     {
-        QFETCH(QByteArray, part);
-        Pipe pipe;
-        Actor actor(part.constData(), [&pipe] { ::dup2(pipe.writingEnd(), 1); });
-        QVERIFY(actor.process.waitForStarted());
-        QTEST(actor.status(200 + 1000), "status");
+        for (const auto &[part, status] : {std::pair("endAmidARun", 7), {"exitAmidARun", EXIT_FAILURE}}) {
+            Pipe pipe;
+            Actor actor(part, [&pipe] { ::dup2(pipe.writingEnd(), 1); });
+            QVERIFY(actor.process.waitForStarted());
+            QCOMPARE(actor.status(200 + 1000), status);
+        }
     }
 };
 

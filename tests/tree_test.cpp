@@ -12,24 +12,16 @@ using namespace Qt::StringLiterals;
 class TreeTest : public QObject {
     Q_OBJECT
 
-    static QString outline(const std::vector<Node> &nodes, const QString &indent = {})
+    static QString outline(const std::vector<Node> &nodes, QSet<QUuid> &ids, const QString &indent = {})
     {
         QString lines;
         for (const Node &node : nodes) {
+            ids += node.id;
             lines += indent + node.name + (node.children ? u"/\n"_s : u"\n"_s);
             if (node.children)
-                lines += outline(*node.children, indent + u"  "_s);
+                lines += outline(*node.children, ids, indent + u"  "_s);
         }
         return lines;
-    }
-
-    static void collectIds(const std::vector<Node> &nodes, QList<QUuid> &ids)
-    {
-        for (const Node &node : nodes) {
-            ids += node.id;
-            if (node.children)
-                collectIds(*node.children, ids);
-        }
     }
 
     // A sidebar on screen, and the state that it shows.
@@ -59,16 +51,15 @@ class TreeTest : public QObject {
 private slots:
     void theSampleTreeIsAsDocumented()
     {
-        QCOMPARE(outline(sampleData()), uR"(フォルダA/
+        QSet<QUuid> ids;
+        QCOMPARE(outline(sampleData(), ids), uR"(フォルダA/
   ファイルA1
   ファイルA2
 フォルダB/
   サブフォルダB1/
     ファイルB1-1
 )"_s);
-        QList<QUuid> ids;
-        collectIds(sampleData(), ids);
-        QCOMPARE(QSet<QUuid>(ids.begin(), ids.end()).size(), 6);
+        QCOMPARE(ids.size(), 6);
         QVERIFY(Node(u"同じ"_s).id != Node(u"同じ"_s).id);
     }
 
@@ -94,32 +85,21 @@ private slots:
         QCOMPARE(sidebar.view->selectionModel()->selectedIndexes().size(), 1);
     }
 
-    void theSelectionCanBeCleared_data()
-    {
-        QTest::addColumn<int>("way");
-        QTest::newRow("by a click on empty space") << 0;
-        QTest::newRow("by Ctrl+click on the selected row") << 1;
-        QTest::newRow("by Escape") << 2;
-    }
     void theSelectionCanBeCleared()
     {
-        QFETCH(int, way);
         const Shown sidebar;
-        sidebar.click(sidebar.row({0}));
-        QVERIFY(sidebar.selection.value());
-        switch (way) {
-        case 0:
-            sidebar.click({});
-            break;
-        case 1:
-            sidebar.click(sidebar.row({0}), Qt::ControlModifier);
-            break;
-        case 2:
-            QTest::keyClick(sidebar.view.get(), Qt::Key_Escape);
-            break;
+        const std::vector<std::function<void()>> ways{
+            [&] { sidebar.click({}); },
+            [&] { sidebar.click(sidebar.row({0}), Qt::ControlModifier); },
+            [&] { QTest::keyClick(sidebar.view.get(), Qt::Key_Escape); },
+        };
+        for (const auto &clear : ways) {
+            sidebar.click(sidebar.row({0}));
+            QVERIFY(sidebar.selection.value());
+            clear();
+            QCOMPARE(sidebar.selection.value(), std::nullopt);
+            QVERIFY(!sidebar.view->selectionModel()->hasSelection());
         }
-        QCOMPARE(sidebar.selection.value(), std::nullopt);
-        QVERIFY(!sidebar.view->selectionModel()->hasSelection());
     }
 
     // Kana come from an input method, not as key presses.

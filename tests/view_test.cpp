@@ -1,13 +1,9 @@
 #include "view/Controls.h"
-#include "view/Frame.h"
 #include "view/Modifiers.h"
 #include "view/Stacks.h"
 #include "view/State.h"
 
-#include <QCheckBox>
-#include <QComboBox>
 #include <QLabel>
-#include <QPushButton>
 #include <QSlider>
 #include <QTest>
 
