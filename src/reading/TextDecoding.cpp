@@ -60,17 +60,35 @@ std::optional<QString> decodedByGuess(QByteArrayView bytes)
     return std::nullopt;
 }
 
-// A half of a large text is checked by another thread.
-bool isUtf8WithoutZeros(QByteArrayView bytes)
+struct Bytes {
+    bool areUtf8 = true; // without a zero
+    bool haveEscapes = false;
+};
+
+// In pieces that the processor keeps near, since it looks at each several times.
+Bytes lookedThrough(QByteArrayView bytes)
 {
-    const auto isPlain = [](QByteArrayView part) { return !part.contains('\0') && isValidUtf8(part); };
+    constexpr qsizetype nearby = 128 << 10;
+    Bytes all;
+    while (all.areUtf8 && !bytes.isEmpty()) {
+        const auto piece = bytes.first(characterStart(bytes, std::min(bytes.size(), nearby)));
+        all.areUtf8 = !piece.isEmpty() && !piece.contains('\0') && isValidUtf8(piece);
+        all.haveEscapes = all.haveEscapes || piece.contains('\x1b');
+        bytes = bytes.sliced(piece.size());
+    }
+    return all;
+}
+
+// A half of a large text is looked through by another thread.
+Bytes lookedThroughAtOnce(QByteArrayView bytes)
+{
     constexpr qsizetype worthAThread = 1 << 20;
     if (bytes.size() < worthAThread)
-        return isPlain(bytes);
+        return lookedThrough(bytes);
     const qsizetype half = characterStart(bytes, bytes.size() / 2);
-    auto second = std::async(std::launch::async, isPlain, bytes.sliced(half));
-    const bool first = isPlain(bytes.first(half));
-    return second.get() && first;
+    auto later = std::async(std::launch::async, lookedThrough, bytes.sliced(half));
+    const Bytes first = lookedThrough(bytes.first(half)), second = later.get();
+    return {first.areUtf8 && second.areUtf8, first.haveEscapes || second.haveEscapes};
 }
 
 // An encoding whose texts are ASCII, byte by byte.
@@ -103,7 +121,10 @@ std::optional<QString> decoded(QByteArrayView bytes)
 
 bool isPlainUtf8(QByteArrayView bytes)
 {
-    return !markOf(bytes) && !isBinary(bytes) && isUtf8WithoutZeros(bytes) && !isIso2022Jp(bytes);
+    if (markOf(bytes) || isBinary(bytes))
+        return false;
+    const Bytes seen = lookedThroughAtOnce(bytes);
+    return seen.areUtf8 && !(seen.haveEscapes && isIso2022Jp(bytes));
 }
 
 std::optional<QString> decodedText(QByteArrayView bytes)

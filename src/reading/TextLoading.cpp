@@ -9,6 +9,7 @@
 #include "reading/TextDecoding.h"
 
 #include <algorithm>
+#include <future>
 
 using namespace Qt::StringLiterals;
 
@@ -36,8 +37,11 @@ std::optional<ReadText> readText(const QString &path)
     if (!file)
         return std::nullopt;
     const QByteArrayView bytes = file->bytes();
-    if (bytes.size() > large && isPlainUtf8(bytes))
-        return ReadText{{}, *file, TextPieces::shapeOfUtf8(bytes)};
+    if (bytes.size() > large) {
+        auto shape = std::async(std::launch::async, TextPieces::shapeOfUtf8, bytes);
+        if (isPlainUtf8(bytes))
+            return ReadText{{}, *file, shape.get()};
+    }
     auto text = decodedText(bytes);
     file.reset();
     if (!text)
