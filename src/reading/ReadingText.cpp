@@ -75,7 +75,7 @@ void ReadingText::setUtf8(const FileContent &file, const TextPieces::Shape &shap
         this,
         [file] {
             const QString text = QString::fromUtf8(file.bytes());
-            return std::pair(text, TextPieces::shapeOf(text));
+            return std::pair(text, TextPieces::isWorthKeeping(text));
         },
         [this, assignment = m_assignments](const auto &decoded) {
             if (assignment == m_assignments)
@@ -98,12 +98,12 @@ void ReadingText::start(const QString &entering, const TextPieces::Shape &shape)
     enterSlice();
 }
 
-void ReadingText::goOn(const QString &decoded, const TextPieces::Shape &shape)
+void ReadingText::goOn(const QString &decoded, bool isWorthKeeping)
 {
     m_entering = decoded;
     m_undecoded = {};
     m_pieces.goOnIn(m_entering);
-    if (shape.keepsWhole && !m_isEdited)
+    if (isWorthKeeping && !m_isEdited)
         m_verbatim = decoded;
     m_nextSlice.start();
 }

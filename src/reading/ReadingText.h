@@ -44,7 +44,7 @@ signals:
 
 private:
     void start(const QString &entering, const TextPieces::Shape &shape);
-    void goOn(const QString &decoded, const TextPieces::Shape &shape);
+    void goOn(const QString &decoded, bool isWorthKeeping);
     bool isDecoded() const { return m_undecoded.bytes().isNull(); }
     void enterSlice();
     bool hasPieces() const;

@@ -37,7 +37,7 @@ private:
     void fitSeams();
 
     PiecedDocument &m_document;
-    int m_fit =
-        0; ///< what blocks are marked with whose lines were last broken for the present width and font
+    // What blocks are marked with whose seams were fitted for the present width and font.
+    int m_fit = 0;
     bool m_isFitting = false;
 };

@@ -12,7 +12,8 @@ constexpr qsizetype manyLines = 50'000;
 constexpr qsizetype mostBlocks = 150'000;
 constexpr qsizetype largeText = 16 << 20;
 constexpr qsizetype leastShared = 100;
-// No paragraph that a person has written is cut: where a seam is, a line on the screen may end early.
+// No paragraph that a person has written is cut: once something is edited, a seam stays where it is, and a
+// line on the screen may end early there.
 constexpr qsizetype longLine = 2000;
 
 // A document ends a paragraph at each of these, and gives all of them back as one and the same.
@@ -52,13 +53,18 @@ template <class View, class Character> TextPieces::Shape layoutOf(View text, con
 TextPieces::Shape TextPieces::shapeOf(QStringView text)
 {
     Shape shape = layoutOf(text, {u'\n', u'\r'});
-    shape.keepsWhole = text.size() > largeText || holdsWhatLosesItself(text);
+    shape.keepsWhole = isWorthKeeping(text);
     return shape;
 }
 
 TextPieces::Shape TextPieces::shapeOfUtf8(QByteArrayView bytes)
 {
     return layoutOf(bytes, {'\n', '\r'});
+}
+
+bool TextPieces::isWorthKeeping(QStringView text)
+{
+    return text.size() > largeText || holdsWhatLosesItself(text);
 }
 
 TextPieces::TextPieces(QStringView text, const Shape &shape)

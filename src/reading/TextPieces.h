@@ -26,6 +26,8 @@ public:
     static Shape shapeOf(QStringView text);
     /// Without decoding it, and so without knowing whether the text is to be kept.
     static Shape shapeOfUtf8(QByteArrayView bytes);
+    /// Whether the document would take long to give it back, or couldn't.
+    static bool isWorthKeeping(QStringView text);
 
     /// So many characters further on than the position is all that `next` looks at.
     static constexpr qsizetype reach = 32 << 10;

@@ -28,10 +28,15 @@ qint64 leftToTheMachine()
     return kib == unlimited ? unlimited : kib * 1024;
 }
 
+// What the group has used counts the files that were read, which are let go of for who needs the room.
 qint64 leftToTheGroup()
 {
+    const char *statistics = "/sys/fs/cgroup/memory.stat";
     const qint64 most = number("/sys/fs/cgroup/memory.max"), used = number("/sys/fs/cgroup/memory.current");
-    return most == unlimited || used == unlimited ? unlimited : most - used;
+    const qint64 lately = number(statistics, "active_file"), before = number(statistics, "inactive_file");
+    if (std::max({most, used, lately, before}) == unlimited)
+        return unlimited;
+    return most - std::max(qint64(0), used - lately - before);
 }
 
 qint64 leftToTheProcess()
