@@ -57,15 +57,15 @@ void open(const fs::path &folder)
 void measure(const fs::path &root, int entries, int bundles, int runs)
 {
     const fs::path registry = root / "data" / "applications";
-    const BundleFolders folders{.everybodys = root / "Applications", .own = root / "home" / "Applications"};
-    for (const fs::path &folder : {registry, folders.everybodys, folders.own}) {
+    const BundleFolders folders{.system = root / "Applications", .own = root / "home" / "Applications"};
+    for (const fs::path &folder : {registry, folders.system, folders.own}) {
         fs::remove_all(folder);
         fs::create_directories(folder);
     }
     for (int i = 0; i < entries; ++i)
         writeEntry(registry, i);
     for (int i = 0; i < bundles; ++i)
-        fs::create_directory((i % 2 ? folders.own : folders.everybodys)
+        fs::create_directory((i % 2 ? folders.own : folders.system)
                              / ("Application " + std::to_string(i) + (i % 10 ? ".app" : " Edge.app")));
 
     std::vector<double> floor, ours;
@@ -73,7 +73,7 @@ void measure(const fs::path &root, int entries, int bundles, int runs)
     const Workspace workspace;
     for (int run = -1; run < runs; ++run) { // the first one warms the caches
         const double bare = millisecondsOf([&] {
-            for (const fs::path &folder : {registry, folders.everybodys, folders.own})
+            for (const fs::path &folder : {registry, folders.system, folders.own})
                 open(folder);
         });
         const double finding =

@@ -3,8 +3,8 @@
 //
 //   decode_text FILE
 
+#include "decoding/TextDecoding.h"
 #include "platform/RegularFile.h"
-#include "reading/TextDecoding.h"
 
 #include <QFile>
 

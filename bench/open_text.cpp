@@ -7,6 +7,7 @@
 //   open_text [--bare | --using] FILE...        names end in .txt
 
 #include "app/MainWindow.h"
+#include "platform/Workers.h"
 #include "reading/TextPane.h"
 
 #include <QApplication>
@@ -16,7 +17,6 @@
 #include <QKeyEvent>
 #include <QSlider>
 #include <QStandardPaths>
-#include <QThreadPool>
 #include <QTimer>
 
 #include <algorithm>
@@ -117,7 +117,7 @@ private:
         const bool late = at - m_last > 4;
         m_result.longest = std::max(m_result.longest, at - m_last - 1);
         m_last = at;
-        const bool refused = !m_changed && QThreadPool::globalInstance()->activeThreadCount() == 0;
+        const bool refused = !m_changed && Workers::waiting().isIdle();
         const bool done = m_result.painted > 0 && isLoaded();
         if (!refused && (late || !done)) {
             m_quietBeats = 0;

@@ -1,8 +1,8 @@
 // text_to_pdf IN.txt OUT.pdf: makes the PDF that 簡易PDF makes, without a window. Prints how long that
 // took, from the decoded text to the whole file.
 
+#include "decoding/TextDecoding.h"
 #include "pdf/TextPdf.h"
-#include "reading/TextDecoding.h"
 
 #include <QElapsedTimer>
 #include <QFile>

@@ -4,8 +4,8 @@
 //
 //   typing [KEYS=200]
 
+#include "document/ReadingText.h"
 #include "reading/FontSize.h"
-#include "reading/ReadingText.h"
 #include "reading/TextPane.h"
 
 #include <QApplication>
@@ -78,7 +78,7 @@ void compare(const char *name, const QString &text, double where, int keys, int 
     TextPane pane(content, size);
     bool complete = false;
     QObject::connect(&content, &ReadingText::complete, &pane, [&complete] { complete = true; });
-    content = text;
+    content.setValue(text);
     while (!complete)
         QCoreApplication::processEvents();
 

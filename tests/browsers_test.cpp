@@ -2,6 +2,7 @@
 #include "browsers/BrowserChoice.h"
 #include "browsers/BrowserPicker.h"
 #include "browsers/InstalledBrowsers.h"
+#include "platform/Background.h"
 #include "platform/FileName.h"
 #include "platform/linux/DesktopEntries.h"
 #include "platform/linux/EntrySearch.h"
@@ -11,7 +12,6 @@
 #include <QProcess>
 #include <QSemaphore>
 #include <QTemporaryDir>
-#include <QThreadPool>
 
 #include <fstream>
 
@@ -99,19 +99,19 @@ private slots:
     void init()
     {
         m_root = std::make_unique<QTemporaryDir>();
-        m_folders = {.everybodys = inRoot("Applications"), .own = inRoot("home/Applications")};
+        m_folders = {.system = inRoot("Applications"), .own = inRoot("home/Applications")};
         m_report = inRoot("report");
         qputenv("REPORT", m_report.c_str());
-        fs::create_directories(m_folders.everybodys);
+        fs::create_directories(m_folders.system);
         fs::create_directories(m_folders.own);
     }
 
     void cleanup()
     {
-        QThreadPool::globalInstance()->waitForDone();
+        QTRY_VERIFY(Workers::waiting().isIdle());
         std::error_code missing;
-        fs::permissions(m_folders.everybodys, fs::perms::owner_all, missing);
-        fs::remove_all(inRoot("")); // also what has names that the toolkit can't say
+        fs::permissions(m_folders.system, fs::perms::owner_all, missing);
+        fs::remove_all(inRoot("")); // also what has names that Qt can't say
     }
 
     // The first of all, as GIO looks at these folders once, and later hears of changes in its own time.
@@ -172,7 +172,7 @@ private slots:
         const auto [bundles, found] = values<QString, QString>();
         for (const QString &bundle : bundles.split(u'|')) { // both folders hold it, in two compositions
             const QString decomposed = bundle.normalized(QString::NormalizationForm_D);
-            fs::create_directories(m_folders.everybodys / bundle.toStdString());
+            fs::create_directories(m_folders.system / bundle.toStdString());
             fs::create_directories(m_folders.own / decomposed.toStdString());
         }
         QCOMPARE(installedBrowsers(m_folders, {}).join(u'|'), found);
@@ -180,7 +180,7 @@ private slots:
 
     void aFolderThatCannotBeListedIsSkipped()
     {
-        const fs::path folder = m_folders.everybodys;
+        const fs::path folder = m_folders.system;
         std::vector<std::function<void()>> faults{
             [] {}, // it is missing
             [&] { write(folder, "no folder"); },
@@ -410,7 +410,7 @@ private slots:
         const auto [present, isUninstalled, asked] = values<Names, bool, QStringList>();
         ScriptedWorkspace workspace;
         workspace.m_registered = {{.name = u"ウェブ"_s}, {.name = u"Arc"_s}};
-        fs::create_symlink("nowhere", m_folders.everybodys / "Arc.app");
+        fs::create_symlink("nowhere", m_folders.system / "Arc.app");
         for (const std::string &file : present) {
             fs::remove(inRoot(file));
             write(inRoot(file), "", 0755);
@@ -448,7 +448,7 @@ private slots:
         QCOMPARE(selected.value(), u"Arc"_s);
     }
 
-    void theLastAppearanceCounts()
+    void theLastAppearFilterCounts()
     {
         ScriptedWorkspace workspace;
         QSemaphore firstMayEnd;
@@ -460,7 +460,6 @@ private slots:
         State<QStringList> browsers;
         State<QString> selected;
         BrowserChoice choice(browsers, selected, workspace, m_folders);
-        QThreadPool::globalInstance()->setMaxThreadCount(2);
         choice.refill();
         QTRY_COMPARE(looks.load(), 1);
         fs::create_directories(m_folders.own / "Arc.app");
@@ -468,7 +467,7 @@ private slots:
         QTRY_COMPARE(selected.value(), u"Arc"_s);
         fs::remove(m_folders.own / "Arc.app");
         firstMayEnd.release();
-        QThreadPool::globalInstance()->waitForDone();
+        QTRY_VERIFY(Workers::waiting().isIdle());
         QTest::qWait(50);
         QCOMPARE(selected.value(), u"Arc"_s);
     }

@@ -1,6 +1,6 @@
 #include "Testing.h"
-#include "reading/TextDecoding.h"
-#include "reading/Utf8.h"
+#include "decoding/TextDecoding.h"
+#include "decoding/Utf8.h"
 
 #include <QUtf8StringView>
 
@@ -20,6 +20,7 @@ private slots:
             {"nothing", "", u""_s},
             {"UTF-8 with its mark", "efbbbfe69c9d", u"朝"_s},
             {"UTF-8 with a stray zero", "e69c9de381ae00e8a898e98cb2", u"朝の\0記録"_s},
+            {"nothing but zeros", QByteArray("00").repeated(4096), QString(4096, u'\0')},
             {"a terminal's colours", "1b5b33316de69c9d1b28421b5b6d", u"\x1b[31m朝\x1b(B\x1b[m"_s},
             {"Shift_JIS", shiftJis, morning},
             {"EUC-JP", "c4aba1a2ccdca4acb3d0a4e1a4bfa4cea4c7c1eba4f2b3aba4b1a4bfa1a3", morning},
@@ -63,7 +64,7 @@ private slots:
         QVERIFY(!decodedText(QByteArray("朝の記録").repeated(100'000).chopped(1)));
     }
 
-    void whatIsUtf8IsWhatTheToolkitSays()
+    void whatIsUtf8IsWhatQtSays()
     {
         // Each begins and ends a range: of bytes that lead, that follow, and that never are.
         const QByteArray bytes = QByteArray::fromHex("00417f808f909fa0bfc0c1c2dfe0e1ecedeeeff0f1f3f4f5ff");
@@ -93,7 +94,6 @@ private slots:
             {"UTF-16 with an odd byte", {"\xff\xfe\x42\x30\x44", 5}},
             {"UTF-16 with half a pair", {"\xfe\xff\xd8\x3d\x30\x42", 6}},
             {"a picture", {"\x89PNG\r\n\x1a\n\0\0\0\rIHDR\0\0\1\0\0\0\1\0", 25}},
-            {"nothing but zeros", {4096, '\0'}},
         });
     }
     void halfATextIsNone()

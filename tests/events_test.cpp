@@ -1,9 +1,9 @@
 #include "Testing.h"
-#include "play/Alert.h"
 #include "play/EventToolbar.h"
 #include "play/Events.h"
 #include "preferences/PreferenceKeys.h"
 #include "preferences/UserDefaults.h"
+#include "view/Alert.h"
 
 #include <QDialogButtonBox>
 #include <QMainWindow>

@@ -1,4 +1,5 @@
 #include "Testing.h"
+#include "platform/FileContent.h"
 #include "platform/Memory.h"
 #include "platform/RegularFile.h"
 #include "platform/WholeFile.h"
@@ -45,7 +46,7 @@ private slots:
         const QByteArray large = QByteArray("0123456789\n").repeated(300'000);
         const QString path = write(u"growing.log"_s, large);
         const auto open = [&path] { return ::open(qPrintable(path), O_WRONLY | O_NONBLOCK | O_TRUNC); };
-        auto quiet = FileContent::of(path, 1 << 30);
+        auto quiet = FileContent::of(path, 1 << 30, 1 << 20);
         QVERIFY(quiet && quiet->bytes() == large);
         const int refused = open();
         QVERIFY(quiet->bytes() == large);
@@ -56,12 +57,12 @@ private slots:
         quiet.reset();
 
         const int writer = ::open(qPrintable(path), O_WRONLY);
-        const auto busy = FileContent::of(path, 1 << 30);
+        const auto busy = FileContent::of(path, 1 << 30, 1 << 20);
         QCOMPARE(::ftruncate(writer, 10), 0);
         ::close(writer);
         QVERIFY(busy && busy->bytes() == large);
-        QVERIFY(!FileContent::of(path, 9));
-        QCOMPARE(FileContent::of(path, 10)->bytes(), large.first(10));
+        QVERIFY(!FileContent::of(path, 9, 1 << 20));
+        QCOMPARE(FileContent::of(path, 10, 1 << 20)->bytes(), large.first(10));
     }
 
     void thereIsAsMuchMemoryAsTheProcessMayHave()
@@ -143,7 +144,7 @@ private slots:
             if (path == secret && geteuid() == 0)
                 continue; // who may read everything
             QVERIFY2(!readRegularFile(path, 1 << 20), qPrintable(path));
-            QVERIFY2(!FileContent::of(path, 1 << 20), qPrintable(path));
+            QVERIFY2(!FileContent::of(path, 1 << 20, 9), qPrintable(path));
         }
     }
 };

@@ -1,9 +1,10 @@
 #include "Testing.h"
+#include "document/ReadingText.h"
+#include "platform/Background.h"
 #include "platform/OpenPanel.h"
 #include "preferences/PreferenceKeys.h"
 #include "preferences/UserDefaults.h"
 #include "reading/OpeningMessage.h"
-#include "reading/ReadingText.h"
 #include "reading/TextLoading.h"
 #include "reading/TextPane.h"
 
@@ -11,7 +12,6 @@
 #include <QMimeData>
 #include <QSignalSpy>
 #include <QTemporaryDir>
-#include <QThreadPool>
 
 using namespace Qt::StringLiterals;
 
@@ -65,7 +65,7 @@ class ReadingTest : public QObject {
 
     static void finishReading()
     {
-        QThreadPool::globalInstance()->waitForDone();
+        QTRY_VERIFY(Workers::waiting().isIdle());
         QCoreApplication::processEvents();
     }
 
@@ -84,7 +84,7 @@ private slots:
              {u""_s, u"一\n\n三\n"_s, u"a\u00a0b　c\u3000"_s, u"\ufdd0\ufdd1\ufffe\ufffc"_s,
               u"a\0\ufeffb"_s, u"a\r\nb\rc\nd\u0085e\u2028f\u2029g\vh\fi"_s,
               u"🐱👨‍👩‍👧"_s + QChar(0xd83d)}) {
-            m_text = text;
+            m_text.setValue(text);
             QCOMPARE(m_text.value(), text);
         }
     }
@@ -93,7 +93,7 @@ private slots:
     {
         const State<double> size{14};
         TextPane pane(m_text, size);
-        m_text = u"一\r\n二"_s;
+        m_text.setValue(u"一\r\n二"_s);
         QTest::keyClick(&pane, Qt::Key_End, Qt::ControlModifier);
         QTest::keyClicks(&pane, u"abc"_s);
         QCOMPARE(m_text.value(), u"一\n二abc"_s);
@@ -122,7 +122,7 @@ private slots:
     void theFirstToggleChoosesTheFileType()
     {
         m_store.setInteger(7, Key::IntKeyToggle2);
-        m_text = u"前"_s;
+        m_text.setValue(u"前"_s);
         for (const qint64 stored : {1, 2, -1, 0}) {
             m_store.setInteger(stored, Key::IntKeyToggle1);
             m_loading.openText(nullptr);
@@ -153,7 +153,7 @@ private slots:
 
     void whatCannotBeReadChangesNothing()
     {
-        m_text = u"前"_s;
+        m_text.setValue(u"前"_s);
         for (const QString &path : {write(u"cut.txt"_s, "\xe6\x9c\x9d\xe3\x81"), m_folder.path(),
                                     u"/dev/zero"_s, m_folder.filePath(u"gone.txt"_s), QString()}) {
             pick(path);
@@ -172,7 +172,7 @@ private slots:
         QCOMPARE(m_text.value(), u"速い"_s);
 
         pick(slow);
-        m_text = u"動作中"_s; // put there after the file was picked
+        m_text.setValue(u"動作中"_s); // put there after the file was picked
         finishReading();
         QCOMPARE(m_text.value(), u"動作中"_s);
     }
@@ -190,7 +190,7 @@ private slots:
         finishReading();
     }
 
-    // The toolkit's dialog is driven as a person would: by a name typed by hand.
+    // Qt's dialog is driven as a person would: by a name typed by hand.
     void aNameTypedByHandIsCheckedToo_data()
     {
         cases<QString, bool>({

@@ -1,4 +1,4 @@
-// text_layout_pdf IN.txt OUT.pdf: the toolkit's own way, a paragraph at a time: QTextLayout on a
+// text_layout_pdf IN.txt OUT.pdf: Qt's own way, a paragraph at a time: QTextLayout on a
 // QPdfWriter.
 #include <QElapsedTimer>
 #include <QFile>

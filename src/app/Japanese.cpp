@@ -43,14 +43,14 @@ private:
 // Japanese form.
 std::optional<PassingVariable> fontLanguage;
 
-class ToolkitTexts : public QTranslator {
+class QtTexts : public QTranslator {
 public:
     using QTranslator::QTranslator;
 
     QString translate(const char *context, const char *text, const char *comment, int n) const override
     {
         QString found = QTranslator::translate(context, text, comment, n);
-        // These texts have moved within the toolkit, but not yet within its translation.
+        // These texts have moved within Qt, but not yet within its translation.
         if (found.isEmpty() && qstrcmp(context, "QAbstractFileIconProvider") == 0)
             return QTranslator::translate("QFileDialog", text, comment, n);
         return found.isEmpty() ? ofPrintDialog(text) : found;
@@ -99,7 +99,7 @@ void chooseFonts()
 void adoptJapaneseLocale()
 {
     {
-        // The toolkit's dialogs ask for the system's locale, which is read from there once.
+        // Qt's dialogs ask for the system's locale, which is read from there once.
         const PassingVariable locale("LC_ALL", "ja_JP.UTF-8");
         QLocale::setDefault(QLocale::system());
     }
@@ -111,7 +111,7 @@ void installJapaneseTexts()
     chooseFonts();
     fontLanguage.reset();
 
-    auto *texts = new ToolkitTexts(QCoreApplication::instance());
+    auto *texts = new QtTexts(QCoreApplication::instance());
     if (texts->load(u":/translations/qtbase_ja.qm"_s))
         QCoreApplication::installTranslator(texts);
 }

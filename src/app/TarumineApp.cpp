@@ -6,10 +6,10 @@
 #include "app/SettingsWindow.h"
 #include "platform/ApplicationFolders.h"
 #include "platform/Process.h"
+#include "view/Notice.h"
 
 #include <QApplication>
 #include <QIcon>
-#include <QMessageBox>
 #include <QTimer>
 #include <QUrl>
 
@@ -29,7 +29,7 @@ int TarumineApp::main(int argc, char *argv[])
     // Not needed for the first picture of the window, so it follows after it.
     QTimer::singleShot(0, [] { QApplication::setWindowIcon(QIcon(u":/icons/app-64.png"_s)); });
     const int status = QApplication::exec();
-    // The windows and the toolkit go in order, unless something holds them up.
+    // The windows and Qt go in order, unless something holds them up.
     Process::endWithin(std::chrono::milliseconds(500), status);
     return status;
 }
@@ -78,9 +78,5 @@ void TarumineApp::openManual(QWidget *window)
         Surroundings::standard().workspace.open(*manual);
         return;
     }
-    auto *missing = new QMessageBox(QMessageBox::Information, u"Tarumine"_s,
-                                    tr("添付マニュアルが見つかりません。"), QMessageBox::Ok, window);
-    missing->setAttribute(Qt::WA_DeleteOnClose);
-    missing->setWindowModality(Qt::WindowModal);
-    missing->open();
+    showNotice(QMessageBox::Information, tr("添付マニュアルが見つかりません。"), {}, window);
 }

@@ -14,7 +14,7 @@ namespace {
 
 std::optional<path> bundleNamed(const QString &name, const BundleFolders &folders)
 {
-    for (const path &folder : {folders.everybodys, folders.own}) {
+    for (const path &folder : {folders.system, folders.own}) {
         const path bundle = folder.string() + '/' + FileName::bytes(name) + ".app";
         std::error_code error;
         if (std::filesystem::exists(bundle, error))
@@ -37,10 +37,11 @@ BrowserChoice::BrowserChoice(State<QStringList> &browsers, State<QString> &selec
 void BrowserChoice::refill()
 {
     const auto work = [folders = m_folders, &workspace = m_workspace] { return look(folders, workspace); };
-    inBackground(this, work, [this, refill = ++m_refills](const Found &found) {
+    const auto done = [this, refill = ++m_refills](const Found &found) {
         if (refill == m_refills)
             offer(found);
-    });
+    };
+    inBackground(this, work, done, Workers::waiting());
 }
 
 BrowserChoice::Found BrowserChoice::look(const BundleFolders &folders, const Workspace &workspace)

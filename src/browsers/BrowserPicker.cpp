@@ -26,5 +26,5 @@ QWidget *BrowserPicker(const State<QStringList> &browsers, State<QString> &selec
         Titles::tr("ブラウザを選択"), selectedBrowser, [&browsers] { return browsers.value(); }, icon);
     QWidget *group = VStack({picker}, {.spacing = 20, .padded = true});
     const auto refill = [&choice] { choice.refill(); };
-    return onAppear([refill, group] { afterPicture(refill, group); }, group);
+    return onAppear([refill, group] { afterFirstPaint(refill, group); }, group);
 }

@@ -92,7 +92,7 @@ QStringList installedBrowsers(const BundleFolders &folders,
                               const std::vector<RegisteredApplication> &registered)
 {
     QStringList found;
-    addBundles(found, folders.everybodys);
+    addBundles(found, folders.system);
     addBundles(found, folders.own);
     for (const PortableProgram &program : portableBrowsers(folders.own))
         found += program.name;

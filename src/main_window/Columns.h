@@ -1,6 +1,6 @@
 #pragma once
 
-#include "main_window/Split.h"
+#include "view/Split.h"
 
 /// The panes of a main window: sidebar, selection pane, detail column, side by side at widths that
 /// the user can change. In a narrow window the first two stand one above the other; in a very narrow

@@ -26,21 +26,24 @@ void ContentView::fillEditMenu(QMenu &menu)
         QAction *action = menu.addAction(title);
         action->setShortcut(key);
         QObject::connect(action, &QAction::triggered, pane, act);
+        pane->addAction(action);
         return action;
     };
     QAction *undo = add(Titles::tr("元に戻す(&U)"), QKeySequence::Undo, &TextPane::undo);
     QAction *redo = add(Titles::tr("やり直す(&R)"), QKeySequence::Redo, &TextPane::redo);
-    menu.addSeparator();
+    pane->addAction(menu.addSeparator());
     QAction *cut = add(Titles::tr("切り取り(&T)"), QKeySequence::Cut, &TextPane::cut);
     QAction *copy = add(Titles::tr("コピー(&C)"), QKeySequence::Copy, &TextPane::copy);
     add(Titles::tr("貼り付け(&P)"), QKeySequence::Paste, &TextPane::paste);
-    menu.addSeparator();
+    pane->addAction(menu.addSeparator());
     add(Titles::tr("すべてを選択(&A)"), QKeySequence::SelectAll, &TextPane::selectAll);
 
-    for (QAction *action : {undo, redo, cut, copy})
+    for (QAction *action : {cut, copy})
         action->setEnabled(false);
-    QObject::connect(pane, &TextPane::undoAvailable, undo, &QAction::setEnabled);
-    QObject::connect(pane, &TextPane::redoAvailable, redo, &QAction::setEnabled);
+    follow(
+        undo, [can = text.canUndo()] { return can.value(); }, [undo](bool can) { undo->setEnabled(can); });
+    follow(
+        redo, [can = text.canRedo()] { return can.value(); }, [redo](bool can) { redo->setEnabled(can); });
     QObject::connect(pane, &TextPane::copyAvailable, cut, &QAction::setEnabled);
     QObject::connect(pane, &TextPane::copyAvailable, copy, &QAction::setEnabled);
 }

@@ -4,17 +4,18 @@
 #include "main_window/Columns.h"
 #include "main_window/SelectionPane.h"
 #include "platform/StandardOutput.h"
-#include "play/Alert.h"
 #include "play/EventToolbar.h"
 #include "play/Events.h"
 #include "play/JourneyBoard.h"
+#include "printing/PdfExport.h"
 #include "reading/OpeningMessage.h"
-#include "reading/PdfExport.h"
 #include "reading/ReadingControls.h"
 #include "reading/TextPane.h"
+#include "simulation/Simulation.h"
 #include "simulation/SimulationTask.h"
 #include "tree/Node.h"
 #include "tree/Sidebar.h"
+#include "view/Alert.h"
 #include "view/Frame.h"
 #include "view/Modifiers.h"
 #include "view/Stacks.h"
@@ -66,7 +67,7 @@ Frame *ContentView::body()
 QWidget *ContentView::detailColumn()
 {
     const ReadingActions actions{
-        .startSimulation = [this] { simulation(); },
+        .startSimulation = [this] { startSimulation(); },
         .openText = [this] { openText(); },
         .savePdf = [this] { savePDF(QCoreApplication::translate("ContentView", "名称未設定")); },
         .launch = [this] { launchEdge(); },
@@ -77,7 +78,7 @@ QWidget *ContentView::detailColumn()
     QObject::connect(&m_textLoading, &TextLoading::loaded, m_textPane, [this] { m_textPane->setFocus(); });
     onAppear(
         [this] {
-            text = openingMessage();
+            text.setValue(openingMessage());
             m_textPane->setFocus(); // reading is what the window is for
         },
         m_textPane);
@@ -115,7 +116,7 @@ void ContentView::openText()
 
 void ContentView::savePDF(const QString &fileName)
 {
-    ::savePDF(fileName, text, m_surroundings.downloads, m_surroundings.newPrintOperation,
+    ::savePDF(fileName, text.value(), m_surroundings.downloads, m_surroundings.newPrintOperation,
               m_columns->window());
 }
 
@@ -126,7 +127,12 @@ void ContentView::launchEdge()
 
 void ContentView::simulation()
 {
-    startSimulation(&text, [this](const QString &status) { text = status; });
+    ::simulation();
+}
+
+void ContentView::startSimulation()
+{
+    ::startSimulation(&text, [this](const QString &status) { text.setValue(status); });
 }
 
 void ContentView::readHost()

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "browsers/BrowserChoice.h"
+#include "document/ReadingText.h"
 #include "main_window/Surroundings.h"
 #include "preferences/AppStorage.h"
 #include "preferences/PreferenceKeys.h"
 #include "reading/FontSize.h"
-#include "reading/ReadingText.h"
 #include "reading/TextLoading.h"
 #include "view/State.h"
 
@@ -44,6 +44,7 @@ public:
     void openText();
     void savePDF(const QString &fileName);
     void launchEdge();
+    /// The sequence itself, on this thread; waits for who reads the output. The button does not do this.
     void simulation();
 
     // The menu items that concern what is in this window.
@@ -51,6 +52,7 @@ public:
     void fillViewMenu(QMenu &menu);
 
 private:
+    void startSimulation();
     void readHost();
     QWidget *detailColumn();
     QWidget *playArea();

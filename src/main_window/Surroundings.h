@@ -3,9 +3,9 @@
 #include "platform/BundleFolders.h"
 #include "platform/Host.h"
 #include "platform/OpenPanel.h"
-#include "platform/PrintOperation.h"
 #include "platform/Workspace.h"
 #include "preferences/UserDefaults.h"
+#include "printing/PrintOperation.h"
 
 #include <functional>
 

@@ -2,50 +2,40 @@
 
 #include <QFutureWatcher>
 #include <QPromise>
-#include <QRunnable>
 
 #include <mutex>
 
 namespace {
 
-// Called on both sides of where something passes from thread to thread. The toolkit keeps the two in
-// order by itself, but the thread sanitizer, which doesn't look into it, sees only this mutex.
+// Called on both sides of where something passes from thread to thread. Qt keeps the two in order by
+// itself, but the thread sanitizer, which doesn't look into it, sees only this mutex.
 void pass()
 {
     static std::mutex mutex;
     const std::lock_guard lock(mutex);
 }
 
-class Task : public QRunnable {
-public:
-    explicit Task(std::function<void()> work)
-        : m_work(std::move(work))
+struct Task {
+    std::function<void()> work;
+    QPromise<void> promise;
+
+    void run()
     {
-        m_promise.start();
-    }
-
-    QFuture<void> future() const { return m_promise.future(); }
-
-    void run() override
-    {
+        work();
+        work = nullptr; // nothing of it is left to this thread once the promise is kept
         pass();
-        m_work();
-        m_work = nullptr; // nothing of it is left to this thread once the future has finished
-        pass();
-        m_promise.finish();
+        promise.finish();
     }
-
-private:
-    std::function<void()> m_work;
-    QPromise<void> m_promise;
 };
 
 } // namespace
 
-void runInBackground(QObject *context, QThreadPool *pool, std::function<void()> work,
+void runInBackground(QObject *context, Workers &workers, std::function<void()> work,
                      std::function<void()> done)
 {
-    auto *task = new Task(std::move(work));
+    const auto task = std::make_shared<Task>();
+    task->work = std::move(work);
+    task->promise.start();
     // A watcher, not a continuation of the future: those don't survive the end of their context.
     auto *watcher = new QFutureWatcher<void>(context);
     QObject::connect(watcher, &QFutureWatcherBase::finished, context, [watcher, done = std::move(done)] {
@@ -53,7 +43,7 @@ void runInBackground(QObject *context, QThreadPool *pool, std::function<void()> 
         done();
         watcher->deleteLater();
     });
-    watcher->setFuture(task->future());
-    pass();
-    pool->start(task);
+    watcher->setFuture(task->promise.future());
+    if (!workers.start([task] { task->run(); }))
+        task->promise.finish();
 }

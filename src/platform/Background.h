@@ -1,26 +1,36 @@
 #pragma once
 
-#include <QThreadPool>
+#include "platform/Workers.h"
 
+#include <QObject>
+
+#include <exception>
 #include <functional>
 #include <memory>
-#include <optional>
 #include <type_traits>
 #include <utility>
 
-/// Runs `work` on a thread of the pool, then `done` on the thread of `context`, unless `context` is
-/// gone by then.
-void runInBackground(QObject *context, QThreadPool *pool, std::function<void()> work,
+/// Has `work` done by `workers`, then calls `done` on the thread of `context`, unless `context` is gone
+/// by then. When there is no thread for it, only `done` is called. `work` must not throw.
+void runInBackground(QObject *context, Workers &workers, std::function<void()> work,
                      std::function<void()> done);
 
-/// Runs `work` on a thread of a pool, which is the shared one unless the work may be held up for
-/// long, then hands its result to `done` on the thread of `context`; when `context` is gone by then,
-/// the result is dropped.
+/// The one way to work beside the user-interface thread: has `work` done by `workers`, then hands its
+/// result to `done` on the thread of `context`; when `context` is gone by then, the result is dropped.
+/// Work that throws, or that there is no thread for, has the result `{}`: so what `work` returns is of a
+/// type whose `{}` says that nothing came of it.
 template <class Work, class Done>
-void inBackground(QObject *context, Work work, Done done, QThreadPool *pool = QThreadPool::globalInstance())
+void inBackground(QObject *context, Work work, Done done, Workers &workers = Workers::computing())
 {
-    auto result = std::make_shared<std::optional<std::invoke_result_t<Work>>>();
-    runInBackground(
-        context, pool, [result, work = std::move(work)] { *result = work(); },
-        [result, done = std::move(done)] { done(std::as_const(**result)); });
+    using Result = std::invoke_result_t<Work>;
+    auto result = std::make_shared<Result>();
+    auto guarded = [result, work = std::move(work)] {
+        try {
+            *result = work();
+        } catch (const std::exception &) {
+            *result = Result();
+        }
+    };
+    runInBackground(context, workers, std::move(guarded),
+                    [result, done = std::move(done)] { done(std::as_const(*result)); });
 }

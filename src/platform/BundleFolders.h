@@ -4,7 +4,7 @@
 
 /// The folders into which whole applications are put, in the order in which they are looked for.
 struct BundleFolders {
-    std::filesystem::path everybodys;
+    std::filesystem::path system;
     std::filesystem::path own;
 
     static BundleFolders standard();

@@ -52,7 +52,7 @@ private:
         return m_allowsMultipleSelection ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile;
     }
 
-    // As wide as what is in them; the toolkit's widths are those that it takes in English.
+    // As wide as what is in them; Qt's widths are those that it takes in English.
     void fitColumns()
     {
         const auto *list = m_dialog->findChild<QTreeView *>();

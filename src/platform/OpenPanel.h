@@ -38,5 +38,5 @@ protected:
     bool m_canChooseFiles = true;
 };
 
-/// The desktop's own panel where it has one, else the toolkit's.
+/// The desktop's own panel where it has one, else Qt's.
 OpenPanel *newOpenPanel(QWidget *window);

@@ -7,7 +7,7 @@
 
 namespace {
 
-// The toolkit's dialog leaves here what was chosen for this queue alone: names and values by turns.
+// Qt's dialog leaves here what was chosen for this queue alone: names and values by turns.
 constexpr auto queueOptions = QPrintEngine::PrintEnginePropertyKey(0xfe00);
 
 PageFormat chosenFormat(const QPrinter &printer, double longestLine)

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "pdf/TextPdf.h"
-#include "platform/PrintInfo.h"
+#include "printing/PrintInfo.h"
 
 #include <QPrinter>
 

@@ -1,21 +1,20 @@
 #include "printing/TextPrintOperation.h"
 
 #include "platform/Background.h"
+#include "view/Notice.h"
 
 #include <QApplication>
 #include <QComboBox>
 #include <QFileInfo>
 #include <QFontInfo>
-#include <QMessageBox>
 #include <QPrintDialog>
 #include <QProgressDialog>
-#include <QThreadPool>
 
 using namespace std::chrono_literals;
 
 namespace {
 
-// The toolkit's dialog begins with the default printer, if there is one; the last of its list is the file.
+// Qt's dialog begins with the default printer, if there is one; the last of its list is the file.
 void chooseFile(QPrintDialog &panel)
 {
     if (auto *printers = panel.findChild<QComboBox *>(QStringLiteral("printers")))
@@ -23,13 +22,6 @@ void chooseFile(QPrintDialog &panel)
 }
 
 constexpr qint64 worthShowing = 500; // milliseconds
-
-// Its own, lest a job wait for whatever else goes on in the background.
-QThreadPool *printers()
-{
-    static auto *pool = new QThreadPool; // never ended: a job may outlive the application object
-    return pool;
-}
 
 } // namespace
 
@@ -45,11 +37,6 @@ TextPrintOperation::TextPrintOperation(PrintedText text, PrintInfo info, QWidget
 TextPrintOperation::~TextPrintOperation()
 {
     m_progress->cancelled = true;
-}
-
-QWidget *TextPrintOperation::window() const
-{
-    return qobject_cast<QWidget *>(parent());
 }
 
 void TextPrintOperation::runOperation(std::function<void(bool)> ended)
@@ -94,7 +81,7 @@ void TextPrintOperation::start()
         [text = m_text.string, settings, target = m_target, progress = m_progress] {
             return print(text, settings, target, *progress);
         },
-        [this](const PrintOutcome &outcome) { finish(outcome); }, printers());
+        [this](const PrintOutcome &outcome) { finish(outcome); }, Workers::waiting());
 }
 
 void TextPrintOperation::showProgress()
@@ -135,14 +122,8 @@ void TextPrintOperation::showFailure(const QString &reason)
     const QString what = m_target.queue.isEmpty()
         ? tr("「%1」を保存できませんでした。").arg(QFileInfo(m_target.file).fileName())
         : tr("「%1」に印刷できませんでした。").arg(m_target.queue);
-    auto *message =
-        new QMessageBox(QMessageBox::Warning, QStringLiteral("Tarumine"), what, QMessageBox::Ok, window());
-    message->setTextFormat(Qt::PlainText);
-    message->setInformativeText(reason);
-    message->setAttribute(Qt::WA_DeleteOnClose);
-    message->setWindowModality(Qt::WindowModal);
-    connect(message, &QDialog::finished, this, [this] { end(false); });
-    message->open();
+    const auto *notice = showNotice(QMessageBox::Warning, what, reason, window());
+    connect(notice, &QDialog::finished, this, [this] { end(false); });
 }
 
 void TextPrintOperation::end(bool success)

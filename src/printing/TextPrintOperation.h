@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/PrintOperation.h"
+#include "printing/PrintOperation.h"
 #include "printing/PrintWork.h"
 
 #include <QElapsedTimer>
@@ -22,7 +22,6 @@ public:
     void runOperation(std::function<void(bool)> ended) override;
 
 private:
-    QWidget *window() const;
     void showPanel();
     void start();
     void showProgress();

@@ -1,6 +1,6 @@
 #include "reading/PaneAccessible.h"
 
-#include "reading/PiecedDocument.h"
+#include "document/PiecedDocument.h"
 #include "reading/TextPane.h"
 
 #include <QAbstractTextDocumentLayout>

@@ -1,8 +1,8 @@
 #include "reading/ReadingControls.h"
 
-#include "reading/FlowLayout.h"
 #include "reading/FontSize.h"
 #include "view/Controls.h"
+#include "view/FlowLayout.h"
 
 #include <QCoreApplication>
 #include <QWidget>

@@ -1,11 +1,13 @@
 #include "reading/TextPane.h"
 
+#include "document/ReadingText.h"
 #include "reading/PaneAccessible.h"
-#include "reading/ReadingText.h"
 
 #include <QAccessible>
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QMimeData>
 #include <QScrollBar>
 #include <QTextBlock>
@@ -26,7 +28,7 @@ bool isAnyOf(const QKeyEvent &event, std::initializer_list<QKeySequence::Standar
 } // namespace
 
 TextPane::TextPane(ReadingText &text, const State<double> &fontSize)
-    : m_document(*text.document())
+    : m_text(text)
 {
     [[maybe_unused]] static const bool known = [] {
         QAccessible::installFactory(paneAccessible);
@@ -34,7 +36,7 @@ TextPane::TextPane(ReadingText &text, const State<double> &fontSize)
     }();
     setAccessibleName(tr("テキスト"));
     setTabChangesFocus(true);
-    setDocument(text.document());
+    setDocument(&text.document());
     follow(
         this, [&fontSize] { return fontSize.value(); },
         [this](double points) {
@@ -43,12 +45,62 @@ TextPane::TextPane(ReadingText &text, const State<double> &fontSize)
             setFont(system);
             refitSeams();
         });
-    connect(&text, &ReadingText::assigned, this, [this] {
-        moveCursor(QTextCursor::Start);
-        verticalScrollBar()->setValue(0);
-        fitSeamsInView();
-    });
+    connect(&text, &ReadingText::leaving, this, &TextPane::writeDownPlace);
+    connect(&text, &ReadingText::assigned, this, &TextPane::showAssigned);
+    connect(&text, &ReadingText::returned, this, &TextPane::showReturned);
     connect(&text, &ReadingText::complete, this, &TextPane::fitSeamsInView);
+}
+
+PiecedDocument &TextPane::piecedDocument() const
+{
+    return m_text.document();
+}
+
+void TextPane::showDocument()
+{
+    QTextDocument *shown = &m_text.document();
+    if (document() == shown)
+        return;
+    setDocument(shown);
+    if (shown->defaultFont() != font())
+        shown->setDefaultFont(font());
+}
+
+void TextPane::showAssigned()
+{
+    showDocument();
+    moveCursor(QTextCursor::Start);
+    verticalScrollBar()->setValue(0);
+    fitSeamsInView();
+}
+
+void TextPane::showReturned()
+{
+    showDocument();
+    const auto place = m_text.place();
+    QTextCursor cursor(document());
+    cursor.setPosition(place.anchor);
+    cursor.setPosition(place.caret, QTextCursor::KeepAnchor);
+    setTextCursor(cursor);
+    verticalScrollBar()->setValue(place.scrolled);
+    refitSeams();
+}
+
+void TextPane::writeDownPlace()
+{
+    m_text.place() = {.anchor = textCursor().anchor(),
+                      .caret = textCursor().position(),
+                      .scrolled = verticalScrollBar()->value()};
+}
+
+void TextPane::undo()
+{
+    m_text.undo();
+}
+
+void TextPane::redo()
+{
+    m_text.redo();
 }
 
 QSize TextPane::sizeHint() const
@@ -66,14 +118,14 @@ void TextPane::insertFromMimeData(const QMimeData *source)
 {
     if (!canInsertFromMimeData(source))
         return;
-    m_document.insert(textCursor(), source->text());
+    piecedDocument().insert(textCursor(), source->text());
     ensureCursorVisible();
 }
 
 QMimeData *TextPane::createMimeDataFromSelection() const
 {
     auto *data = new QMimeData;
-    data->setText(m_document.text(textCursor().selectionStart(), textCursor().selectionEnd()));
+    data->setText(piecedDocument().text(textCursor().selectionStart(), textCursor().selectionEnd()));
     return data;
 }
 
@@ -93,12 +145,12 @@ void TextPane::stepAcrossSeam(const QKeyEvent &event)
                  QKeySequence::SelectPreviousChar, QKeySequence::SelectPreviousWord,
                  QKeySequence::DeleteStartOfWord, QKeySequence::Backspace})
         || event.key() == Qt::Key_Backspace)
-        to = m_document.acrossSeamBackward(to);
+        to = piecedDocument().acrossSeamBackward(to);
     else if (isAnyOf(event,
                      {QKeySequence::MoveToNextChar, QKeySequence::MoveToNextWord,
                       QKeySequence::SelectNextChar, QKeySequence::SelectNextWord,
                       QKeySequence::DeleteEndOfWord, QKeySequence::Delete, QKeySequence::DeleteEndOfLine}))
-        to = m_document.acrossSeamForward(to);
+        to = piecedDocument().acrossSeamForward(to);
     if (to == cursor.position())
         return;
     cursor.setPosition(to, selecting ? QTextCursor::KeepAnchor : QTextCursor::MoveAnchor);
@@ -110,8 +162,12 @@ void TextPane::keyPressEvent(QKeyEvent *event)
     if (event->key() == Qt::Key_Tab && event->modifiers() == Qt::ControlModifier) {
         textCursor().insertText(QStringLiteral("\t"));
     } else if (event->matches(QKeySequence::InsertParagraphSeparator)) {
-        m_document.insertLineEnd(textCursor());
+        piecedDocument().insertLineEnd(textCursor());
         ensureCursorVisible();
+    } else if (event->matches(QKeySequence::Undo)) {
+        undo();
+    } else if (event->matches(QKeySequence::Redo)) {
+        redo();
     } else {
         stepAcrossSeam(*event);
         QPlainTextEdit::keyPressEvent(event);
@@ -126,7 +182,7 @@ void TextPane::mousePressEvent(QMouseEvent *event)
     const int scrolled = verticalScrollBar()->value();
     QPlainTextEdit::mousePressEvent(event);
     const QTextCursor now = textCursor();
-    const QTextBlock block = m_document.findBlock(now.selectionStart());
+    const QTextBlock block = piecedDocument().findBlock(now.selectionStart());
     const bool isBlock = now.hasSelection() && now.selectionStart() == block.position()
         && now.selectionEnd() >= block.position() + block.length() - 1;
     // One that was there before is about to be dragged or extended.
@@ -134,8 +190,19 @@ void TextPane::mousePressEvent(QMouseEvent *event)
         before.selectionStart() != now.selectionStart() || before.selectionEnd() != now.selectionEnd();
     if (!isBlock || !isNew || (event->modifiers() & Qt::ShiftModifier))
         return;
-    setTextCursor(m_document.lineAround(clicked));
+    setTextCursor(piecedDocument().lineAround(clicked));
     verticalScrollBar()->setValue(scrolled);
+}
+
+// The menu items that concern the text, which are the Edit menu's own.
+void TextPane::contextMenuEvent(QContextMenuEvent *event)
+{
+    if (actions().isEmpty())
+        return;
+    auto *menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->addActions(actions());
+    menu->popup(event->globalPos());
 }
 
 void TextPane::scrollContentsBy(int dx, int dy)
@@ -162,7 +229,7 @@ void TextPane::refitSeams()
 // Before it is painted, but not in the middle of what changes the view.
 void TextPane::fitSeamsInView()
 {
-    if (!m_document.hasSeams() || std::exchange(m_isFitting, true))
+    if (!piecedDocument().hasSeams() || std::exchange(m_isFitting, true))
         return;
     QMetaObject::invokeMethod(this, &TextPane::fitSeams, Qt::QueuedConnection);
 }
@@ -178,8 +245,8 @@ void TextPane::fitSeams()
          block = block.next()) {
         const int start = block.position();
         if (block.userState() != m_fit) {
-            m_document.fitSeamAfter(block);
-            block = m_document.findBlock(start);
+            piecedDocument().fitSeamAfter(block);
+            block = piecedDocument().findBlock(start);
             block.setUserState(m_fit);
         }
         top += blockBoundingRect(block).height();

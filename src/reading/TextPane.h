@@ -15,7 +15,11 @@ class TextPane : public QPlainTextEdit {
 public:
     TextPane(ReadingText &text, const State<double> &fontSize);
 
-    PiecedDocument &piecedDocument() const { return m_document; }
+    PiecedDocument &piecedDocument() const;
+
+    /// One step back or forward, in an edit or from text to text.
+    void undo();
+    void redo();
 
     // Small, so that the pane asks for no room of its own: it gets what the others leave.
     QSize sizeHint() const override;
@@ -29,14 +33,19 @@ protected:
     void mousePressEvent(QMouseEvent *event) override;
     void scrollContentsBy(int dx, int dy) override;
     void resizeEvent(QResizeEvent *event) override;
+    void contextMenuEvent(QContextMenuEvent *event) override;
 
 private:
+    void showAssigned();
+    void showReturned();
+    void showDocument();
+    void writeDownPlace();
     void stepAcrossSeam(const QKeyEvent &event);
     void refitSeams();
     void fitSeamsInView();
     void fitSeams();
 
-    PiecedDocument &m_document;
+    ReadingText &m_text;
     // What blocks are marked with whose seams were fitted for the present width and font.
     int m_fit = 0;
     bool m_isFitting = false;

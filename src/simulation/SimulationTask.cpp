@@ -3,20 +3,22 @@
 #include "platform/Background.h"
 #include "simulation/Simulation.h"
 
+#include <QCoreApplication>
+
 using namespace Qt::StringLiterals;
 
 namespace {
 
+struct Titles {
+    Q_DECLARE_TR_FUNCTIONS(SimulationTask)
+};
+
 // Shared by all runs and by nothing else: a run is held up by whoever reads its output, and a file
 // must still load meanwhile. Never destroyed, since that would wait for the runs.
-QThreadPool *backgroundPool()
+Workers &runs()
 {
-    static QThreadPool *pool = [] {
-        auto *threads = new QThreadPool;
-        threads->setMaxThreadCount(16);
-        return threads;
-    }();
-    return pool;
+    static auto *workers = new Workers(16);
+    return *workers;
 }
 
 } // namespace
@@ -29,5 +31,8 @@ void startSimulation(QObject *owner, std::function<void(const QString &)> setTex
         output.flush();
         return u"動作完了"_s;
     };
-    inBackground(owner, waitFunc, std::move(setText), backgroundPool());
+    const auto ended = [setText = std::move(setText)](const QString &text) {
+        setText(text.isEmpty() ? Titles::tr("動作を開始できませんでした") : text);
+    };
+    inBackground(owner, waitFunc, ended, runs());
 }

@@ -9,8 +9,8 @@
 /// A file or folder of the sidebar's tree. It is a folder exactly when it has a list of children,
 /// be it an empty one.
 struct Node {
-    QUuid id; ///< new and random for every node made
-    QString name;
+    const QUuid id; ///< new and random for every node made
+    const QString name;
     std::optional<std::vector<Node>> children;
 
     explicit Node(const QString &name, std::optional<std::vector<Node>> children = std::nullopt);

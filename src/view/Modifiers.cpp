@@ -8,9 +8,9 @@
 
 namespace {
 
-class Appearance : public QObject {
+class AppearFilter : public QObject {
 public:
-    Appearance(QWidget *widget, std::function<void()> action)
+    AppearFilter(QWidget *widget, std::function<void()> action)
         : QObject(widget)
         , m_action(std::move(action))
     {
@@ -28,9 +28,9 @@ private:
     std::function<void()> m_action;
 };
 
-class Picture : public QObject {
+class FirstPaint : public QObject {
 public:
-    Picture(QWidget *widget, std::function<void()> action)
+    FirstPaint(QWidget *widget, std::function<void()> action)
         : QObject(widget)
         , m_action(std::move(action))
     {
@@ -77,13 +77,13 @@ QWidget *visibleWhen(std::function<bool()> condition, QWidget *widget)
 
 QWidget *onAppear(std::function<void()> action, QWidget *widget)
 {
-    new Appearance(widget, std::move(action));
+    new AppearFilter(widget, std::move(action));
     return widget;
 }
 
-void afterPicture(std::function<void()> action, QWidget *widget)
+void afterFirstPaint(std::function<void()> action, QWidget *widget)
 {
-    new Picture(widget, std::move(action));
+    new FirstPaint(widget, std::move(action));
 }
 
 void markOverflow(QToolButton *button, const QString &title)

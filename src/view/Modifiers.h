@@ -20,10 +20,10 @@ QWidget *onAppear(std::function<void()> action, QWidget *widget);
 
 /// Runs `action` once, when the window that holds the widget has been painted: for what the first
 /// picture of a window shall not wait for.
-void afterPicture(std::function<void()> action, QWidget *widget);
+void afterFirstPaint(std::function<void()> action, QWidget *widget);
 
 /// Marks the button behind which a bar keeps what it has no room for with a sign in the colour of the
-/// text; the toolkit's own picture is dark also where the bar is. `title` is its accessible name.
+/// text; Qt's own picture is dark also where the bar is. `title` is its accessible name.
 void markOverflow(QToolButton *button, const QString &title);
 
 /// Breaks the lines of a Text where it has no room, and centres them.

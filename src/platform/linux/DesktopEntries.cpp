@@ -1,12 +1,11 @@
 #include "platform/linux/DesktopEntries.h"
 
+#include "platform/Module.h"
 #include "platform/linux/EntrySearch.h"
 #include "platform/linux/gio/GioModule.h"
 
 #include <QFile>
 #include <QStandardPaths>
-
-#include <dlfcn.h>
 
 using std::filesystem::path;
 
@@ -15,14 +14,8 @@ namespace {
 // GIO costs more to load than a window has time for, so it comes when it is first needed.
 const GioModule *gio()
 {
-    static const GioModule *const loaded = [] {
-        // Never unloaded: GIO's threads go on.
-        void *library = ::dlopen(TARUMINE_GIO_MODULE, RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE);
-        const void *found = library ? ::dlsym(library, "tarumineGio") : nullptr;
-        if (!found)
-            qWarning("Applications of the desktop can't be listed: %s", ::dlerror());
-        return static_cast<const GioModule *>(found);
-    }();
+    static const auto *const loaded =
+        static_cast<const GioModule *>(Module::found(TARUMINE_GIO_MODULE, "tarumineGio"));
     return loaded;
 }
 

@@ -1,13 +1,9 @@
 #include "platform/Host.h"
 
-#include <QByteArray>
+#include "platform/linux/Account.h"
+
 #include <QFile>
 #include <QSysInfo>
-
-#include <vector>
-
-#include <pwd.h>
-#include <unistd.h>
 
 QString Host::name() const
 {
@@ -16,10 +12,7 @@ QString Host::name() const
 
 QString Host::userName() const
 {
-    std::vector<char> room(size_t(16) << 10);
-    passwd entry{};
-    passwd *found = nullptr;
-    if (getpwuid_r(geteuid(), &entry, room.data(), room.size(), &found) == 0 && found)
-        return QFile::decodeName(found->pw_name);
-    return qEnvironmentVariable("LOGNAME", qEnvironmentVariable("USER"));
+    const std::string name = Account::own().name;
+    return name.empty() ? qEnvironmentVariable("LOGNAME", qEnvironmentVariable("USER"))
+                        : QFile::decodeName(name.c_str());
 }

@@ -14,6 +14,6 @@ void Process::begin()
     while (file >= 0 && file <= STDERR_FILENO)
         file = ::open("/dev/null", O_RDWR);
     ::close(file);
-    // Whoever calls exit, as the toolkit does when the display goes, is not to hang there either.
+    // Whoever calls exit, as Qt does when the display goes, is not to hang there either.
     std::atexit([] { end(EXIT_FAILURE); });
 }

@@ -1,4 +1,4 @@
-#include "platform/linux/gio/AppInfo.h" // first: the toolkit has a macro for a name in it
+#include "platform/linux/gio/AppInfo.h" // first: Qt has a macro for a name in it
 
 #include "platform/FileName.h"
 #include "platform/linux/gio/GioModule.h"

@@ -1,4 +1,4 @@
-#include "main_window/Split.h"
+#include "view/Split.h"
 
 #include <QAccessibleWidget>
 #include <QKeyEvent>

@@ -1,4 +1,4 @@
-#include "reading/PiecedDocument.h"
+#include "document/PiecedDocument.h"
 
 #include <QPlainTextDocumentLayout>
 #include <QSignalBlocker>

@@ -1,4 +1,4 @@
-#include "reading/TextPieces.h"
+#include "document/TextPieces.h"
 
 #include <QTextBoundaryFinder>
 
@@ -6,7 +6,7 @@
 
 namespace {
 
-// Only above these do the differences tell; below, a document is as the toolkit makes it.
+// Only above these do the differences tell; below, a document is as Qt makes it.
 constexpr qsizetype manyLines = 50'000;
 // What walks over all blocks, like a change of the font, must stay within a frame or two.
 constexpr qsizetype mostBlocks = 150'000;
@@ -24,7 +24,7 @@ bool isLineEnd(QChar c)
     return c == u'\n' || std::find(std::begin(losing), std::end(losing), c) != std::end(losing);
 }
 
-// One after the other: the toolkit looks for a single character much faster than for any of several.
+// One after the other: Qt looks for a single character much faster than for any of several.
 bool holdsWhatLosesItself(QStringView text)
 {
     return std::any_of(std::begin(losing), std::end(losing),

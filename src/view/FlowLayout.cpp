@@ -1,4 +1,4 @@
-#include "reading/FlowLayout.h"
+#include "view/FlowLayout.h"
 
 #include <QStyle>
 #include <QWidget>

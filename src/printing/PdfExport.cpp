@@ -1,4 +1,4 @@
-#include "reading/PdfExport.h"
+#include "printing/PdfExport.h"
 
 #include <QFileInfo>
 

@@ -1,4 +1,4 @@
-#include "play/Alert.h"
+#include "view/Alert.h"
 
 #include <QCoreApplication>
 #include <QMessageBox>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/PrintOperation.h"
+#include "printing/PrintOperation.h"
 
 /// How a print operation is begun.
 using NewPrintOperation =

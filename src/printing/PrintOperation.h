@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/PrintInfo.h"
+#include "printing/PrintInfo.h"
 
 #include <QWidget>
 
@@ -24,6 +24,8 @@ public:
 
     /// Starts and returns; `ended` is told later whether all has been printed or saved.
     virtual void runOperation(std::function<void(bool)> ended) = 0;
+
+    QWidget *window() const { return static_cast<QWidget *>(parent()); }
 
 protected:
     PrintedText m_text;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "reading/TextPieces.h"
+#include "document/TextPieces.h"
 
 #include <QTextDocument>
 

@@ -1,4 +1,4 @@
-#include "reading/Utf8.h"
+#include "decoding/Utf8.h"
 
 #include <QtEndian>
 

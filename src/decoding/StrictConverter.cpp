@@ -1,13 +1,17 @@
-#include "reading/StrictConverter.h"
+#include "decoding/StrictConverter.h"
+
+#include "decoding/BothAtOnce.h"
+#include "decoding/LargeText.h"
 
 #include <unicode/ucnv.h>
 
 #include <algorithm>
 #include <array>
-#include <future>
 #include <memory>
 
 namespace {
+
+using StrictConverter::Beginning;
 
 struct Close {
     void operator()(UConverter *converter) const { ucnv_close(converter); }
@@ -25,12 +29,6 @@ Converter strictConverter(const char *encoding)
     return converter;
 }
 
-bool isJapanesePc(const char *encoding)
-{
-    return qstrcmp(encoding, "windows-31j") == 0;
-}
-
-// The converter's table exchanges three control characters, as the hosts of its origin did.
 void putControlsBack(QString &text)
 {
     const auto meant = [](char16_t c) {
@@ -40,10 +38,10 @@ void putControlsBack(QString &text)
         c = QChar(meant(c.unicode()));
 }
 
-// Up to the first byte that has no meaning; `whole` says that after the last one nothing follows.
-StrictConverter::Beginning convert(QByteArrayView bytes, const char *encoding, bool whole)
+// Up to the first byte that has no meaning; `whole` says that nothing follows after the last one.
+Beginning convert(QByteArrayView bytes, const Encoding &encoding, bool whole)
 {
-    const Converter converter = strictConverter(encoding);
+    const Converter converter = strictConverter(encoding.name);
     if (!converter)
         return {};
     QString text;
@@ -59,7 +57,7 @@ StrictConverter::Beginning convert(QByteArrayView bytes, const char *encoding, b
         used = to - begin;
         if (error != U_BUFFER_OVERFLOW_ERROR) {
             text.resize(used);
-            if (isJapanesePc(encoding))
+            if (encoding.exchangesControls)
                 putControlsBack(text);
             const bool missed = U_FAILURE(error) && from == bytes.data() + bytes.size();
             return {text, from - bytes.data() - (missed ? 1 : 0)};
@@ -77,7 +75,7 @@ bool isVendorCharacter(char16_t c)
         || (c >= 0xf900 && c <= 0xfaff) || c == u'髙' || c == u'№' || c == u'℡';
 }
 
-// No early end: so the compiler has many characters looked at at once.
+// Without an early end, so that the compiler looks at many characters at a time.
 bool holdsVendorCharacters(QStringView text)
 {
     bool holds = false;
@@ -105,44 +103,42 @@ void nameAsTheStandardDoes(QString &text)
         text.replace(QChar(names.vendors), QChar(names.standards));
 }
 
-bool isJapanese(const char *encoding)
+// Where a large text may be cut in two that are decoded at the same time; its end if nowhere.
+qsizetype middle(QByteArrayView bytes, const Encoding &encoding)
 {
-    return isJapanesePc(encoding) || qstrcmp(encoding, "EUC-JP") == 0
-        || qstrcmp(encoding, "ISO-2022-JP") == 0;
+    if (bytes.size() < LargeText::bytes || !encoding.mayBeCut())
+        return bytes.size();
+    return std::find_if(bytes.begin() + bytes.size() / 2, bytes.end(), isCut) - bytes.begin();
 }
 
-// Where a large text may be cut in two that are decoded at the same time; its end if nowhere. Such a byte
-// is a character of its own whatever stands around it, unless what it means depends on all that went
-// before.
-qsizetype middle(QByteArrayView bytes, const char *encoding)
+// Nothing unless all the bytes are accounted for.
+std::optional<QString> convertAll(QByteArrayView bytes, const Encoding &encoding)
 {
-    constexpr qsizetype large = 1 << 20;
-    if (bytes.size() < large || qstrcmp(encoding, "ISO-2022-JP") == 0 || qstrncmp(encoding, "UTF-", 4) == 0)
-        return bytes.size();
-    const auto *cut =
-        std::find_if(bytes.begin() + bytes.size() / 2, bytes.end(), [](char c) { return uchar(c) < 0x30; });
-    return cut - bytes.begin();
+    Beginning read = convert(bytes, encoding, true);
+    return read.bytes == bytes.size() ? std::optional(std::move(read.text)) : std::nullopt;
+}
+
+std::optional<QString> convertHalves(QByteArrayView bytes, qsizetype middle, const Encoding &encoding)
+{
+    auto [later, first] = bothAtOnce([=, &encoding] { return convertAll(bytes.sliced(middle), encoding); },
+                                     [=, &encoding] { return convertAll(bytes.first(middle), encoding); });
+    if (!first || !later)
+        return std::nullopt;
+    return std::move(*first) + *later;
 }
 
 } // namespace
 
-std::optional<QString> StrictConverter::decoded(QByteArrayView bytes, const char *encoding)
+std::optional<QString> StrictConverter::decoded(QByteArrayView bytes, const Encoding &encoding)
 {
     const qsizetype half = middle(bytes, encoding);
-    const auto rest = bytes.sliced(half);
-    auto later = std::async(rest.isEmpty() ? std::launch::deferred : std::launch::async,
-                            [rest, encoding] { return convert(rest, encoding, true); });
-    Beginning first = convert(bytes.first(half), encoding, true);
-    const Beginning second = later.get();
-    if (first.bytes != half || second.bytes != rest.size())
-        return std::nullopt;
-    first.text += second.text;
-    if (isJapanese(encoding))
-        nameAsTheStandardDoes(first.text);
-    return std::move(first.text);
+    auto text = half < bytes.size() ? convertHalves(bytes, half, encoding) : convertAll(bytes, encoding);
+    if (text && encoding.isJapanese)
+        nameAsTheStandardDoes(*text);
+    return text;
 }
 
-StrictConverter::Beginning StrictConverter::decodedBeginning(QByteArrayView bytes, const char *encoding)
+StrictConverter::Beginning StrictConverter::decodedBeginning(QByteArrayView bytes, const Encoding &encoding)
 {
     return convert(bytes, encoding, false);
 }

@@ -1,4 +1,4 @@
-#include "reading/Plausibility.h"
+#include "decoding/Plausibility.h"
 
 #include <QChar>
 
@@ -210,8 +210,9 @@ bool isSmallAscii(QChar c)
     return c.unicode() >= u'a' && c.unicode() <= u'z';
 }
 
-// What the neighbour tells, in any language: half-width kana come in runs; an ideograph seldom stands
-// inside a word; a capital doesn't follow a small letter, nor a letter one of another alphabet.
+// What two characters side by side tell, in any language: half-width kana come in runs; an ideograph
+// seldom stands inside a Latin word; a capital seldom follows a small letter, and a letter seldom follows
+// one of another alphabet.
 int neighbourCost(QChar before, QChar c)
 {
     if (isAscii(before) && isAscii(c))

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "document/TextPieces.h"
+#include "platform/FileContent.h"
+
+#include <QString>
+
+#include <optional>
+
+/// A text on its way into the pane, made ready on another thread.
+struct IncomingText {
+    QString text;
+    FileContent utf8; ///< in place of the text, where decoding it would keep the reader waiting
+    TextPieces::Shape shape;
+
+    IncomingText() = default;
+    /// Looks at all of the text: at a large one on another thread.
+    explicit IncomingText(const QString &text);
+
+    bool isDecoded() const { return utf8.bytes().isNull(); }
+};
+
+/// The text of an ordinary file, whole or not at all: nothing for what is no text, can't be read, or is
+/// larger than there is room for.
+std::optional<IncomingText> textOfFile(const QString &path);
