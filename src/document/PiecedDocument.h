@@ -1,5 +1,6 @@
 #pragma once
 
+#include "document/SeamIndex.h"
 #include "document/TextPieces.h"
 
 #include <QTextDocument>
@@ -53,4 +54,5 @@ private:
 
     TextPieces::Shape m_shape;
     bool m_hasSeams = false;
+    mutable SeamIndex m_seams{*this};
 };

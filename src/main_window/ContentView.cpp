@@ -9,6 +9,7 @@
 #include "play/JourneyBoard.h"
 #include "printing/PdfExport.h"
 #include "reading/OpeningMessage.h"
+#include "reading/Patience.h"
 #include "reading/ReadingControls.h"
 #include "reading/TextPane.h"
 #include "simulation/Simulation.h"
@@ -75,7 +76,7 @@ QWidget *ContentView::detailColumn()
     QWidget *picker = BrowserPicker(browsers, selectedBrowser, m_browserChoice);
     QWidget *controls = ReadingControls(fontSize, actions, picker);
     m_textPane = new TextPane(text, fontSize);
-    QObject::connect(&m_textLoading, &TextLoading::loaded, m_textPane, [this] { m_textPane->setFocus(); });
+    waitWhileLoading();
     onAppear(
         [this] {
             text.setValue(openingMessage());
@@ -90,6 +91,18 @@ QWidget *ContentView::detailColumn()
         },
         {.padded = true});
     return onAppear([this] { readHost(); }, Scrollable(column));
+}
+
+// What is typed meanwhile is meant for the text that comes.
+void ContentView::waitWhileLoading()
+{
+    QObject::connect(&m_textPane->patience(), &Patience::givenUp, &m_textLoading, &TextLoading::stop);
+    QObject::connect(&m_textLoading, &TextLoading::began, m_textPane, [this] {
+        m_textPane->setFocus();
+        m_textPane->patience().begin(QCoreApplication::translate("ContentView", "読み込んでいます…"));
+    });
+    QObject::connect(&m_textLoading, &TextLoading::ended, m_textPane,
+                     [this] { m_textPane->patience().end(); });
 }
 
 QWidget *ContentView::playArea()

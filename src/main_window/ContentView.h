@@ -55,6 +55,7 @@ private:
     void startSimulation();
     void readHost();
     QWidget *detailColumn();
+    void waitWhileLoading();
     QWidget *playArea();
 
     Surroundings &m_surroundings;

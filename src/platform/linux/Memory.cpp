@@ -1,6 +1,7 @@
 #include "platform/Memory.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <fstream>
 #include <limits>
 #include <string>
@@ -49,6 +50,16 @@ qint64 leftToTheProcess()
 }
 
 } // namespace
+
+bool isThereRoomFor(qint64 bytes)
+{
+    constexpr qint64 forTheRest = 64 << 20;
+    if (bytes > availableMemory() - forTheRest)
+        return false;
+    void *tried = std::malloc(size_t(bytes)); // there may be enough, but not in one piece
+    std::free(tried);
+    return tried || bytes == 0;
+}
 
 qint64 availableMemory()
 {
