@@ -17,7 +17,8 @@ namespace {
 
 constexpr qint64 sliceTime = 6; // milliseconds, so that with what follows from it a frame isn't missed
 
-constexpr int slicesSeen = 16; // of so many one is followed by the scroll bar
+// The scroll bar follows one slice in so many.
+constexpr int slicesPerScroll = 16;
 
 // What has been decoded, and whether it is to be kept beside the document.
 using Decoded = std::optional<std::pair<QString, bool>>;
@@ -166,8 +167,8 @@ void TextVersion::enterPieces()
 {
     QElapsedTimer time;
     time.start();
-    // Off the screen nobody looks, but a scroll bar that moved would have to lay out the last lines.
-    const QSignalBlocker unseen(++m_slices % slicesSeen == 1 ? nullptr : m_document.documentLayout());
+    // What enters is off the screen, but to move the scroll bar, Qt would lay out the last lines.
+    const QSignalBlocker unseen(++m_slices % slicesPerScroll == 1 ? nullptr : m_document.documentLayout());
     QTextCursor edit(&m_document);
     edit.beginEditBlock();
     while (hasPieces()) {

@@ -29,7 +29,8 @@ qint64 leftToTheMachine()
     return kib == unlimited ? unlimited : kib * 1024;
 }
 
-// What the group has used counts the files that were read, which are let go of for who needs the room.
+// The files that a group has read count as memory that it uses, but the system takes that back when it
+// is needed.
 qint64 leftToTheGroup()
 {
     const char *statistics = "/sys/fs/cgroup/memory.stat";
