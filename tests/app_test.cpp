@@ -121,7 +121,7 @@ private slots:
             const QPointer<QDialog> dialog = dialogs.first();
             window.close();
             QTRY_COMPARE(app.windows().size(), size_t(1));
-            QVERIFY(!dialog);
+            QTRY_VERIFY(!dialog);
             QCoreApplication::processEvents();
         }
     }

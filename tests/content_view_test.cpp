@@ -1,5 +1,6 @@
 #include "Testing.h"
 #include "main_window/ContentView.h"
+#include "platform/Background.h"
 #include "reading/OpeningMessage.h"
 #include "reading/TextPane.h"
 #include "view/Frame.h"
@@ -7,6 +8,7 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QMenu>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QSlider>
 #include <QTemporaryDir>
@@ -159,8 +161,11 @@ private slots:
         const std::unique_ptr<Frame> view(content.body());
         view->show();
         view->findChild<TextPane *>()->insertPlainText(u"打ったばかり。"_s);
-        titled(u"簡易PDF"_s, view->findChildren<QPushButton *>())->click();
-        QCOMPARE(m_printed.size(), 1);
+        auto *button = titled(u"簡易PDF"_s, view->findChildren<QPushButton *>());
+        for (int press = 0; press < 2; ++press) { // the second one before there is a dialog
+            button->click();
+            QTRY_COMPARE(m_printed.size(), 1);
+        }
         const ScriptedPrintOperation &printed = *m_printed.first();
         QCOMPARE(printed.m_runs, 1);
         QCOMPARE(printed.m_text.string, u"打ったばかり。"_s + openingMessage());
@@ -177,9 +182,27 @@ private slots:
         const PrintInfo &shared = PrintInfo::sharedPrintInfo(); // is as it was
         QVERIFY(shared.topMargin != 20 && shared.jobDisposition == PrintInfo::JobDisposition::Spool);
 
-        m_surroundings.downloads = m_folder.filePath(u"gone"_s);
-        content.savePDF(u"a"_s);
+        button->click(); // while the dialog is there
+        QTRY_VERIFY(Workers::waiting().isIdle());
+        QCoreApplication::processEvents();
         QCOMPARE(m_printed.size(), 1);
+        delete m_printed.takeFirst();
+        button->click();
+        QTRY_COMPARE(m_printed.size(), 1);
+    }
+
+    void withoutDownloadsNothingIsPrintedAndThePersonIsTold()
+    {
+        Surroundings elsewhere = m_surroundings;
+        elsewhere.downloads = m_folder.filePath(u"gone"_s);
+        m_printed.clear();
+        ContentView content(elsewhere);
+        const std::unique_ptr<Frame> view(content.body());
+        view->show();
+        content.savePDF(u"a"_s);
+        QTRY_COMPARE(view->findChildren<QMessageBox *>().size(), 1);
+        QVERIFY(view->findChild<QMessageBox *>()->informativeText().contains(u"ダウンロード"_s));
+        QVERIFY(m_printed.isEmpty());
     }
 
     void theEditMenuActsOnTheText()

@@ -7,7 +7,6 @@
 #include "play/EventToolbar.h"
 #include "play/Events.h"
 #include "play/JourneyBoard.h"
-#include "printing/PdfExport.h"
 #include "reading/OpeningMessage.h"
 #include "reading/Patience.h"
 #include "reading/ReadingControls.h"
@@ -19,6 +18,7 @@
 #include "view/Alert.h"
 #include "view/Frame.h"
 #include "view/Modifiers.h"
+#include "view/Notice.h"
 #include "view/Stacks.h"
 
 #include <QCoreApplication>
@@ -53,6 +53,7 @@ ContentView::ContentView(Seed seed, Surroundings &surroundings)
     , sp2(seed.sp2 ? *seed.sp2 : surroundings.defaults.integer(Key::IntKeyToggle2))
     , btnStatus(surroundings.defaults.integer(Key::CatPX5))
     , m_textLoading(text, sp1, sp2, surroundings.defaults, surroundings.newOpenPanel)
+    , m_pdfExport(surroundings.downloads, surroundings.newPrintOperation)
     , m_browserChoice(browsers, selectedBrowser, surroundings.workspace, surroundings.bundleFolders)
 {
 }
@@ -129,8 +130,13 @@ void ContentView::openText()
 
 void ContentView::savePDF(const QString &fileName)
 {
-    ::savePDF(fileName, text.value(), m_surroundings.downloads, m_surroundings.newPrintOperation,
-              m_columns->window());
+    try {
+        m_pdfExport.savePDF(fileName, text.value(), m_columns->window());
+    } catch (const std::bad_alloc &) {
+        showNotice(QMessageBox::Warning,
+                   QCoreApplication::translate("ContentView", "PDFを保存できません。"),
+                   QCoreApplication::translate("ContentView", "メモリが足りません。"), m_columns->window());
+    }
 }
 
 void ContentView::launchEdge()

@@ -5,6 +5,7 @@
 #include "main_window/Surroundings.h"
 #include "preferences/AppStorage.h"
 #include "preferences/PreferenceKeys.h"
+#include "printing/PdfExport.h"
 #include "reading/FontSize.h"
 #include "reading/TextLoading.h"
 #include "view/State.h"
@@ -84,6 +85,7 @@ private:
 
     // The tools that work on it.
     TextLoading m_textLoading;
+    PdfExport m_pdfExport;
     BrowserChoice m_browserChoice;
 
     QPointer<Columns> m_columns;

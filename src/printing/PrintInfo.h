@@ -10,7 +10,7 @@ struct PrintInfo {
 
     Pagination horizontalPagination = Pagination::Automatic;
     Pagination verticalPagination = Pagination::Automatic;
-    QSizeF paperSize = {595, 842};
+    QSizeF paperSize = {595, 842}; // A4
     double topMargin = 72;
     double bottomMargin = 72;
     double leftMargin = 72;

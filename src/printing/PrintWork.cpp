@@ -55,7 +55,8 @@ PrintOutcome save(std::u16string_view text, const PdfSettings &settings, const Q
 PrintOutcome spool(std::u16string_view text, const PdfSettings &settings, const PrintTarget &target,
                    PdfProgress &progress)
 {
-    PrintQueue queue(target.queue.toStdString(), settings.title, target.options);
+    PrintQueue queue(target.queue.toStdString(), settings.title, target.options,
+                     [&progress] { return !progress.cancelled; });
     const auto output = [&](const char *bytes, std::size_t count) { return queue.write(bytes, count); };
     const PdfResult result =
         queue.isOpen() ? writeTextPdf(text, settings, output, progress) : PdfResult::Failed;
@@ -63,8 +64,8 @@ PrintOutcome spool(std::u16string_view text, const PdfSettings &settings, const 
         return {result, {}};
     const QString reason = QString::fromStdString(queue.reason());
     queue.cancel();
-    if (result == PdfResult::Cancelled)
-        return {result, {}};
+    if (result == PdfResult::Cancelled || progress.cancelled)
+        return {PdfResult::Cancelled, {}};
     return {PdfResult::Failed, reason.isEmpty() ? Reasons::of(0) : reason};
 }
 

@@ -9,6 +9,7 @@
 
 #include <memory>
 
+class QPrintDialog;
 class QProgressDialog;
 
 /// The print dialog, then the work on another thread with its progress, then what went wrong.
@@ -22,6 +23,7 @@ public:
     void runOperation(std::function<void(bool)> ended) override;
 
 private:
+    void begin(bool serverAnswers);
     void showPanel();
     void start();
     void showProgress();
@@ -33,6 +35,7 @@ private:
     PrintTarget m_target;
     // Shared with the thread that does the work: it may see the end of this.
     std::shared_ptr<PdfProgress> m_progress = std::make_shared<PdfProgress>();
+    QPointer<QPrintDialog> m_panel;
     QPointer<QProgressDialog> m_progressPanel;
     QTimer m_look;
     QElapsedTimer m_started;
