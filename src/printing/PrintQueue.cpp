@@ -12,6 +12,7 @@ std::string printerOf(const std::string &queue)
 
 constexpr double lookEvery = 0.2; // seconds
 constexpr int mostLooks = 150;
+constexpr int looksForGoodbye = 5;
 
 } // namespace
 
@@ -21,6 +22,7 @@ struct PrintQueue::Connection {
         httpConnect2(cupsServer(), ippPort(), nullptr, AF_UNSPEC, cupsEncryption(), 1, 5000, &cancelled);
     std::function<bool()> goesOn;
     int looks = 0; // in vain, since the print system last took or said something
+    bool isGivenUp = false;
 
     explicit Connection(std::function<bool()> asked)
         : goesOn(std::move(asked))
@@ -31,7 +33,8 @@ struct PrintQueue::Connection {
     static int keepsWaiting(http_t *, void *connection)
     {
         auto &waiting = *static_cast<Connection *>(connection);
-        return waiting.goesOn() && ++waiting.looks < mostLooks ? 1 : 0;
+        waiting.isGivenUp = !waiting.goesOn() || ++waiting.looks >= mostLooks;
+        return waiting.isGivenUp ? 0 : 1;
     }
     ~Connection() { httpClose(http); }
     Connection(const Connection &) = delete;
@@ -68,13 +71,15 @@ bool PrintQueue::write(const char *bytes, std::size_t count)
 
 bool PrintQueue::finish()
 {
-    return m_job > 0
-        && cupsFinishDocument(m_connection->http, m_printer.c_str()) <= IPP_STATUS_OK_CONFLICTING;
+    if (m_job <= 0)
+        return false;
+    const ipp_status_t status = cupsFinishDocument(m_connection->http, m_printer.c_str());
+    return status <= IPP_STATUS_OK_CONFLICTING && !m_connection->isGivenUp;
 }
 
 void PrintQueue::cancel()
 {
-    m_connection->looks = mostLooks - 5; // a second for a word of goodbye
+    m_connection->looks = mostLooks - looksForGoodbye;
     m_connection->goesOn = [] { return true; };
     if (m_job > 0)
         cupsCancelJob2(m_connection->http, m_printer.c_str(), m_job, 1);

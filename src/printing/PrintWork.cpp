@@ -2,6 +2,7 @@
 
 #include "platform/WholeFile.h"
 #include "printing/PrintQueue.h"
+#include "printing/PrintServer.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -55,6 +56,8 @@ PrintOutcome save(std::u16string_view text, const PdfSettings &settings, const Q
 PrintOutcome spool(std::u16string_view text, const PdfSettings &settings, const PrintTarget &target,
                    PdfProgress &progress)
 {
+    if (!PrintServer::answers())
+        return {PdfResult::Failed, Reasons::tr("印刷システムが応答しません。")};
     PrintQueue queue(target.queue.toStdString(), settings.title, target.options,
                      [&progress] { return !progress.cancelled; });
     const auto output = [&](const char *bytes, std::size_t count) { return queue.write(bytes, count); };

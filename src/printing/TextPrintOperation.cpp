@@ -108,8 +108,7 @@ void TextPrintOperation::showProgress()
         m_progressPanel->setMinimumDuration(0);
         m_progressPanel->setAutoClose(false);
         m_progressPanel->setAutoReset(false);
-        connect(m_progressPanel, &QProgressDialog::canceled, this,
-                [this] { m_progress->cancelled = true; });
+        connect(m_progressPanel, &QProgressDialog::canceled, this, &TextPrintOperation::cancel);
         m_progressPanel->open();
     }
     if (!m_progressPanel)
@@ -120,8 +119,17 @@ void TextPrintOperation::showProgress()
     m_progressPanel->setValue(int(m_progress->share.load() * 1000));
 }
 
+// The work may be held up by a printer or a folder that doesn't answer; then it ends without us.
+void TextPrintOperation::cancel()
+{
+    m_progress->cancelled = true;
+    QTimer::singleShot(500ms, this, [this] { finish({.result = PdfResult::Cancelled}); });
+}
+
 void TextPrintOperation::finish(const PrintOutcome &outcome)
 {
+    if (std::exchange(m_hasFinished, true))
+        return;
     m_look.stop();
     delete m_progressPanel;
     if (outcome.result == PdfResult::Failed)

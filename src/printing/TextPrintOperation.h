@@ -27,6 +27,7 @@ private:
     void showPanel();
     void start();
     void showProgress();
+    void cancel();
     void finish(const PrintOutcome &outcome);
     void showFailure(const QString &reason);
     void end(bool success);
@@ -39,5 +40,6 @@ private:
     QPointer<QProgressDialog> m_progressPanel;
     QTimer m_look;
     QElapsedTimer m_started;
+    bool m_hasFinished = false;
     std::function<void(bool)> m_ended;
 };
