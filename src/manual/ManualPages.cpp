@@ -4,7 +4,7 @@
 #include "pdf/PdfImage.h"
 #include "typesetting/Typesetter.h"
 
-#include <QImage>
+#include <QFile>
 
 #include <cstdio>
 #include <stdexcept>
@@ -118,16 +118,18 @@ void ManualPages::addLine(const Line &line, const Glyph *glyphs, double left, do
 // Half a point for each of its pixels, or as wide as the text; with a thin frame.
 void ManualPages::addPicture(const QString &name)
 {
-    const QImage image(m_pictures.filePath(name));
-    if (image.isNull())
+    QFile file(m_pictures.filePath(name));
+    const auto pixels =
+        file.open(QFile::ReadOnly) ? pngPixels(file.readAll().toStdString()) : std::optional<Pixels>();
+    if (!pixels)
         throw std::runtime_error("no picture " + name.toStdString());
-    const double width = std::min(m_format.width - m_format.left - m_format.right, image.width() * 0.5);
-    const double height = width * image.height() / image.width();
+    const double width = std::min(m_format.width - m_format.left - m_format.right, pixels->width * 0.5);
+    const double height = width * pixels->height / pixels->width;
     m_y -= 10;
     makeRoom(height);
     m_y -= height;
     const std::string key = "/I" + std::to_string(m_images.getKeys().size());
-    m_images.replaceKey(key, pdfImage(m_document, image, false));
+    m_images.replaceKey(key, pdfImage(m_document, *pixels, false));
     const double x = (m_format.width - width) / 2;
     char drawing[160];
     std::snprintf(drawing, sizeof drawing,
