@@ -1,6 +1,6 @@
 #include "manual/ManualPages.h"
 
-#include "pdf/PageContent.h"
+#include "pdf/DrawingOperators.h"
 #include "pdf/PdfImage.h"
 #include "typesetting/Typesetter.h"
 
@@ -112,7 +112,7 @@ void ManualPages::addLine(const Line &line, const Glyph *glyphs, double left, do
     Page alone;
     alone.lines.push_back({.left = line.left, .baseline = 0, .glyphs = line.glyphs});
     alone.glyphs.assign(glyphs, glyphs + line.glyphs);
-    m_content += placed(scale, left, baseline, pageContent(alone));
+    m_content += placed(scale, left, baseline, drawingOperators(alone));
 }
 
 // Half a point for each of its pixels, or as wide as the text; with a thin frame.
