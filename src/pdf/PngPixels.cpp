@@ -6,7 +6,7 @@
 
 namespace {
 
-constexpr std::uint64_t mostPixels = 2048 * 2048;
+constexpr std::uint64_t mostPixels = 4'000'000;
 
 // The state of the library for one picture.
 struct Reader {
