@@ -1,7 +1,7 @@
 #include "pdf/TextPdf.h"
 
+#include "pdf/CompressedPages.h"
 #include "pdf/FontObjects.h"
-#include "pdf/PageContents.h"
 #include "pdf/PdfFile.h"
 #include "pdf/PdfStream.h"
 #include "typesetting/Typesetter.h"
@@ -23,7 +23,7 @@ int threadsBeside()
 std::vector<std::string> contents(std::u16string_view text, const PdfSettings &settings, FontList &fonts,
                                   DocumentFonts &codes, PdfProgress &progress)
 {
-    PageContents made(threadsBeside());
+    CompressedPages made(threadsBeside());
     int number = 0;
     const auto take = [&](Page &&page, std::size_t done) {
         ++number;
