@@ -426,6 +426,23 @@ private slots:
         QCOMPARE(workspace.m_asked.replaceInStrings(m_root->path() + u'/', QString()), asked);
     }
 
+    void aNameIsNoWayOutOfTheFolder()
+    {
+        write(inRoot("home/Downloads/Arc.app"), "", 0755);
+        write(inRoot("home/Applications/Arc"), "", 0755);
+        for (const QString &name : {u"../Downloads/Arc"_s, u"Arc"_s + QChar(u'\0')}) {
+            ScriptedWorkspace workspace;
+            workspace.m_registered = {{.name = name}};
+            State<QStringList> browsers;
+            State<QString> selected;
+            BrowserChoice choice(browsers, selected, workspace, m_folders);
+            choice.refill();
+            QTRY_COMPARE(selected.value(), name);
+            choice.launch();
+            QCOMPARE(workspace.m_asked, QStringList(u"start "_s + name));
+        }
+    }
+
     void thePickerStartsAnewWheneverItAppears()
     {
         ScriptedWorkspace workspace;
