@@ -269,7 +269,9 @@ private slots:
     {
         for (const std::string name :
              {"ブラウザ \U0001f98a", "stray \xff\x80z\xc3", "cut short \xe3\x83 \xf0\x9f\xa6",
-              "a surrogate, which UTF-8 has not \xed\xb2\x80", "Shift_JIS \x83\x75\x83\x89"})
+              "a surrogate, which UTF-8 has not \xed\xb2\x80", "Shift_JIS \x83\x75\x83\x89",
+              "\xef\xbb\xbf\xef\xbb\xbfwhat else is a mark", "\xff\xef\xbb\xbf and within \xef\xbb\xbf",
+              "composed \xc3\xa9, and not: e\xcc\x81"})
             QCOMPARE(FileName::bytes(FileName::text(name)), name);
     }
 
@@ -424,6 +426,23 @@ private slots:
         workspace.m_isUninstalled = isUninstalled;
         choice.launch();
         QCOMPARE(workspace.m_asked.replaceInStrings(m_root->path() + u'/', QString()), asked);
+    }
+
+    void aNameIsNoWayOutOfTheFolder()
+    {
+        write(inRoot("home/Downloads/Arc.app"), "", 0755);
+        write(inRoot("home/Applications/Arc"), "", 0755);
+        for (const QString &name : {u"../Downloads/Arc"_s, u"Arc"_s + QChar(u'\0')}) {
+            ScriptedWorkspace workspace;
+            workspace.m_registered = {{.name = name}};
+            State<QStringList> browsers;
+            State<QString> selected;
+            BrowserChoice choice(browsers, selected, workspace, m_folders);
+            choice.refill();
+            QTRY_COMPARE(selected.value(), name);
+            choice.launch();
+            QCOMPARE(workspace.m_asked, QStringList(u"start "_s + name));
+        }
     }
 
     void thePickerStartsAnewWheneverItAppears()

@@ -1,5 +1,6 @@
 #include "Testing.h"
 #include "platform/FileContent.h"
+#include "platform/FileName.h"
 #include "platform/Memory.h"
 #include "platform/RegularFile.h"
 #include "platform/WholeFile.h"
@@ -9,6 +10,8 @@
 #include <algorithm>
 #include <cerrno>
 #include <csignal>
+#include <filesystem>
+#include <fstream>
 
 #include <fcntl.h>
 #include <sys/resource.h>
@@ -35,6 +38,11 @@ private slots:
         const QByteArray large = QByteArray(3 << 20, 'x') + "end";
         QCOMPARE(readRegularFile(write(u"large.txt"_s, large), 1 << 30), large);
         QCOMPARE(readRegularFile(write(u"空.txt"_s, {}), 1 << 30), QByteArray());
+        const QString odd = FileName::text(m_folder.path().toStdString() + "/\xff\xef\xbb\xbf.txt");
+        std::ofstream(FileName::bytes(odd)) << "of no text";
+        QCOMPARE(readRegularFile(odd, 100), "of no text");
+        QCOMPARE(FileContent::of(odd, 100, 9)->bytes(), "of no text");
+        std::filesystem::remove(FileName::bytes(odd)); // which Qt can't do
         QFile::link(m_folder.filePath(u"large.txt"_s), m_folder.filePath(u"link.txt"_s));
         QCOMPARE(readRegularFile(m_folder.filePath(u"link.txt"_s), 1 << 30), large);
         // This one claims to be empty.

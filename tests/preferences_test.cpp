@@ -3,11 +3,15 @@
 #include "preferences/PreferenceKeys.h"
 #include "preferences/UserDefaults.h"
 
+#include <QElapsedTimer>
+#include <QSettings>
 #include <QTemporaryDir>
 
 #include <csignal>
 #include <limits>
 
+#include <fcntl.h>
+#include <sys/file.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -52,26 +56,49 @@ private slots:
     void valuesSurviveARestart()
     {
         const QString file = newFile();
-        const QString awkward = u" a=b;c, \"引用\"\n🚙\\x[General]%41 "_s;
+        const QString awkward = u"\ufeff a=b;c, \"引用\"\n\u0001f🚙\\x[General]%41\0; "_s;
         {
             UserDefaults store(file);
             store.setInteger(3, Key::CatPX5);
             store.setString(u"🛍"_s, Key::BagPX5);
             store.setString(awkward, Key::StringKeyPX5);
             store.setString(u""_s, Key::FirmPX5);
+            store.setString(u"@Point(1 2)"_s, Key::CarPX5);
         }
         const UserDefaults store(file);
         QCOMPARE(store.integer(Key::CatPX5), 3);
         QCOMPARE(store.string(Key::BagPX5), u"🛍"_s);
         QCOMPARE(store.string(Key::StringKeyPX5), awkward);
         QCOMPARE(store.string(Key::FirmPX5), u""_s);
-        QCOMPARE(store.string(Key::CarPX5), std::nullopt);
+        QCOMPARE(store.string(Key::CarPX5), u"@Point(1 2)"_s);
+        QCOMPARE(store.string(Key::BirdPX5), std::nullopt);
+
+        // By the format that everybody knows, and so are those that Qt writes.
+        QSettings known(file, QSettings::IniFormat);
+        QCOMPARE(known.value(Key::StringKeyPX5).toString(), awkward);
+        QCOMPARE(known.value(Key::CarPX5).toString(), u"@Point(1 2)"_s);
+        known.setValue(Key::BagPX5, awkward.chopped(3)); // Qt has another way to write a zero
+        known.sync();
+        QCOMPARE(store.string(Key::BagPX5), awkward.chopped(3));
     }
 
-    // Not read through a store: one in this process takes a file of the same age and size for the same.
+    void whatWeDoNotKnowStaysAsItIs()
+    {
+        const QString file = fileWith("\xef\xbb\xbf; \"mine\r\n[general]\r\nCatPX5 = 1\r\n"
+                                      "Other=\"a\\\"\nb\", @Rect(1)\nCatPX5=2\n\n[Else]\nCatPX5=8");
+        UserDefaults store(file);
+        QCOMPARE(store.integer(Key::CatPX5), 2);
+        store.setInteger(3, Key::CatPX5);
+        store.setInteger(4, Key::BirdPX5);
+        QCOMPARE(contentOf(file),
+                 "; \"mine\r\n[general]\r\nCatPX5 = 1\r\nOther=\"a\\\"\nb\", @Rect(1)\n"
+                 "CatPX5=3\nBirdPX5=4\n\n[Else]\nCatPX5=8\n");
+    }
+
     void aValueIsOnDiskWhenItsSetterReturns()
     {
         const QString file = newFile();
+        const UserDefaults reader(file);
         for (int value = 1; value <= 200; ++value) {
             const pid_t child = fork();
             QVERIFY(child >= 0);
@@ -81,6 +108,7 @@ private slots:
             }
             waitpid(child, nullptr, 0);
             QCOMPARE(contentOf(file), QByteArray("[General]\nCatPX5=") + QByteArray::number(value) + '\n');
+            QCOMPARE(reader.integer(Key::CatPX5), value); // though the file may be of the same age and size
         }
     }
 
@@ -150,11 +178,51 @@ private slots:
         QCOMPARE(other.value(), 1);
         QCOMPARE(unrelated.value(), 0);
 
-        // What another process wrote is taken over at the next write of ours, and not lost by it.
+        // So it does when another process writes, whether that replaces the file or writes into it.
+        store.watch();
         UserDefaults(file).setInteger(5, Key::IntKeyToggle2);
+        QTRY_COMPARE(unrelated.value(), 5);
+        for (char digit = '0'; digit <= '9';
+             ++digit) { // with nothing but its content to tell one from another
+            written(file, QByteArray("[General]\nIntKeyToggle2=") + digit + '\n');
+            QCOMPARE(store.integer(Key::IntKeyToggle2), digit - '0');
+        }
+        written(file, "[General]\nIntKeyToggle2=6\n");
+        QTRY_COMPARE(unrelated.value(), 6);
         one = 0;
-        QCOMPARE(unrelated.value(), 5);
-        QCOMPARE(UserDefaults(file).integer(Key::IntKeyToggle2), 5);
+        QCOMPARE(UserDefaults(file).integer(Key::IntKeyToggle2), 6);
+
+        const QString later = m_folder.filePath(u"later/store.conf"_s);
+        UserDefaults early(later);
+        AppStorage<qint64> field(Key::IntKeyToggle1, early);
+        early.watch();
+        UserDefaults(later).setInteger(1, Key::IntKeyToggle1);
+        QTRY_COMPARE(field.value(), 1);
+    }
+
+    void aValueWaitsForAStoreThatIsHeldByAnother()
+    {
+        QVERIFY(QDir(m_folder.path()).mkdir(u"held"_s));
+        const QString file = m_folder.filePath(u"held/store.conf"_s);
+        QFile::link(u"nowhere"_s, file + u".lock"_s); // as Qt's own kind of store would be held, for ever
+        UserDefaults store(file), other(file);
+        AppStorage<qint64> cat(Key::CatPX5, store);
+        other.setInteger(7, Key::CatPX5);
+        QCOMPARE(contentOf(file), "[General]\nCatPX5=7\n");
+
+        const int holder = ::open(qPrintable(QFileInfo(file).path()), O_RDONLY | O_CLOEXEC);
+        QCOMPARE(::flock(holder, LOCK_EX), 0);
+        QElapsedTimer time;
+        time.start();
+        cat = 3;
+        store.setString(u"🚙"_s, Key::CarPX5);
+        QVERIFY(time.elapsed() < 1000);
+        QCOMPARE(cat.value(), 3);
+        QCOMPARE(store.integer(Key::CatPX5), 3);
+        QCOMPARE(contentOf(file), "[General]\nCatPX5=7\n");
+        written(file, "[General]\nCatPX5=7\nBirdPX5=5\n"); // by who holds it
+        ::close(holder);
+        QTRY_COMPARE(contentOf(file), "[General]\nCatPX5=3\nBirdPX5=5\nCarPX5=🚙\n");
     }
 };
 

@@ -12,8 +12,16 @@ using std::filesystem::path;
 
 namespace {
 
+// What an application calls itself may be anything; only the name of a file is one in the folder.
+bool isNameOfFile(const QString &name)
+{
+    return !name.contains(u'/') && !name.contains(QChar(u'\0'));
+}
+
 std::optional<path> bundleNamed(const QString &name, const BundleFolders &folders)
 {
+    if (!isNameOfFile(name))
+        return std::nullopt;
     for (const path &folder : {folders.system, folders.own}) {
         const path bundle = folder.string() + '/' + FileName::bytes(name) + ".app";
         std::error_code error;

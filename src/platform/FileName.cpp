@@ -1,12 +1,19 @@
 #include "platform/FileName.h"
 
 #include <QByteArrayView>
+#include <QStringDecoder>
 
 #include <algorithm>
 
 namespace {
 
 constexpr char16_t firstByteMark = 0xdc00; // plus the byte, 0x80 to 0xff
+
+// All of it: what stands at the beginning of a text as a mark is a character of a name.
+QString fromUtf8(QByteArrayView bytes)
+{
+    return QStringDecoder(QStringDecoder::Utf8, QStringDecoder::Flag::ConvertInitialBom)(bytes);
+}
 
 // The bytes of the UTF-8 character at the beginning; 0 when there is none.
 qsizetype characterLength(QByteArrayView bytes)
@@ -24,7 +31,7 @@ QString textByCharacters(QByteArrayView rest)
     while (!rest.isEmpty()) {
         const qsizetype length = characterLength(rest);
         if (length > 0)
-            text += QString::fromUtf8(rest.first(length));
+            text += fromUtf8(rest.first(length));
         else
             text += QChar(char16_t(firstByteMark + uchar(rest.front())));
         rest = rest.sliced(std::max<qsizetype>(length, 1));
@@ -42,7 +49,7 @@ bool isByteMark(QChar unit)
 QString FileName::text(const std::string &name)
 {
     const QByteArrayView bytes(name.data(), qsizetype(name.size()));
-    return bytes.isValidUtf8() ? QString::fromUtf8(bytes) : textByCharacters(bytes);
+    return bytes.isValidUtf8() ? fromUtf8(bytes) : textByCharacters(bytes);
 }
 
 std::string FileName::bytes(const QString &text)

@@ -1,24 +1,20 @@
 #include "preferences/UserDefaults.h"
 
-#include <QDateTime>
-#include <QFile>
-#include <QSettings>
+#include <QCoreApplication>
+#include <QFileInfo>
+#include <QFileSystemWatcher>
 #include <QStandardPaths>
 
+#include <algorithm>
 #include <cstdlib>
+
+using namespace std::chrono_literals;
 
 namespace {
 
-std::unique_ptr<QSettings> opened(const QString &fileName)
-{
-    return std::make_unique<QSettings>(fileName, QSettings::IniFormat);
-}
-
-void moveAside(const QString &fileName)
-{
-    const QString stamp = QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd-HHmmss-zzz"));
-    QFile::rename(fileName, fileName + QStringLiteral(".unreadable-") + stamp);
-}
+// Other processes have the file for some milliseconds at most.
+constexpr auto patience = 200ms;
+constexpr auto firstPause = 500ms, longestPause = 60'000ms;
 
 QString standardFileName()
 {
@@ -35,50 +31,83 @@ UserDefaults &UserDefaults::standard()
 }
 
 UserDefaults::UserDefaults(const QString &fileName)
-    : m_settings(opened(fileName))
+    : m_file(fileName)
 {
-    m_settings->allKeys(); // sections are parsed, and found to be broken, only when they are looked at
-    if (m_settings->status() == QSettings::FormatError) {
-        m_settings.reset(); // before the move, so that nothing of the old content is kept in memory
-        moveAside(fileName);
-        m_settings = opened(fileName);
-    }
+    m_nextTry.setSingleShot(true);
+    connect(&m_nextTry, &QTimer::timeout, this, &UserDefaults::keepTrying);
+    if (QCoreApplication *application = QCoreApplication::instance())
+        connect(application, &QCoreApplication::aboutToQuit, this, [this] { write(0ms); });
 }
 
 UserDefaults::~UserDefaults() = default;
 
+void UserDefaults::refresh() const
+{
+    if (m_file.refresh())
+        emit didChange();
+}
+
 qint64 UserDefaults::integer(QLatin1StringView key) const
 {
     // What strtoll does is the rule: leading blanks, a sign, digits, and the nearest value on overflow.
-    return std::strtoll(m_settings->value(key).toString().toLatin1().constData(), nullptr, 10);
+    return std::strtoll(string(key).value_or(QString()).toLatin1().constData(), nullptr, 10);
 }
 
 std::optional<QString> UserDefaults::string(QLatin1StringView key) const
 {
-    const QVariant value = m_settings->value(key);
-    if (!value.canConvert<QString>())
-        return std::nullopt;
-    return value.toString();
+    refresh();
+    const auto unwritten = m_unwritten.find(key);
+    return unwritten == m_unwritten.end() ? m_file.text().value(key) : *unwritten;
 }
 
 void UserDefaults::setInteger(qint64 value, QLatin1StringView key)
 {
-    store(value, key);
+    setString(QString::number(value), key);
 }
 
 void UserDefaults::setString(const QString &value, QLatin1StringView key)
 {
-    store(value, key);
-}
-
-QString UserDefaults::fileName() const
-{
-    return m_settings->fileName();
-}
-
-void UserDefaults::store(const QVariant &value, QLatin1StringView key)
-{
-    m_settings->setValue(key, value);
-    m_settings->sync();
+    const bool isHeldUp = !m_unwritten.isEmpty();
+    m_unwritten.insert(key, value);
+    if (!write(isHeldUp ? 0ms : patience) && !m_nextTry.isActive())
+        m_nextTry.start(firstPause);
     emit didChange();
+}
+
+bool UserDefaults::write(std::chrono::milliseconds patience)
+{
+    const auto change = [this](IniText &text) {
+        for (auto value = m_unwritten.cbegin(); value != m_unwritten.cend(); ++value)
+            text.setValue(*value, value.key());
+    };
+    if (!m_unwritten.isEmpty() && !m_file.change(change, patience))
+        return false;
+    m_unwritten.clear();
+    return true;
+}
+
+void UserDefaults::keepTrying()
+{
+    if (write(0ms))
+        emit didChange();
+    else
+        m_nextTry.start(
+            std::min<std::chrono::milliseconds>(m_nextTry.intervalAsDuration() * 2, longestPause));
+}
+
+// The folder tells of a file that was replaced, the file itself of one that was written into. A folder that
+// isn't there yet is announced by the one above.
+void UserDefaults::watch()
+{
+    if (!m_watcher) {
+        m_watcher = std::make_unique<QFileSystemWatcher>();
+        const auto look = [this] { watch(), refresh(); };
+        connect(m_watcher.get(), &QFileSystemWatcher::directoryChanged, this, look);
+        connect(m_watcher.get(), &QFileSystemWatcher::fileChanged, this, look);
+    }
+    const QFileInfo folder(QFileInfo(fileName()).path());
+    for (const QString &path : {folder.exists() ? folder.filePath() : folder.path(), fileName()}) {
+        if (QFileInfo::exists(path))
+            m_watcher->addPath(path);
+    }
 }

@@ -1,18 +1,24 @@
 #pragma once
 
+#include "preferences/StoreFile.h"
+
+#include <QMap>
 #include <QObject>
 #include <QString>
+#include <QTimer>
 
 #include <memory>
 #include <optional>
 
-class QSettings;
+class QFileSystemWatcher;
 
-/// The preferences store of one user: integers and strings under the keys of PreferenceKeys.h.
+/// The preferences store of one user: integers and strings under the keys of PreferenceKeys.h, shared by
+/// all processes of the application.
 ///
 /// A value is on disk when its setter returns: the file is replaced as a whole, so a killed process
-/// leaves the old value or the new one. Where the file can't be written, values live as long as the
-/// process. A file that can't be parsed is moved aside, and the store starts empty.
+/// leaves the old value or the new one. Where the file can't be written just now, a value is kept here, and
+/// written as soon as that can be done. A file that can't be parsed is moved aside, and the store starts
+/// empty.
 class UserDefaults : public QObject {
     Q_OBJECT
 
@@ -23,6 +29,7 @@ public:
     explicit UserDefaults(const QString &fileName);
     ~UserDefaults() override;
 
+    // What is stored now, by whichever process.
     /// 0 when absent; a string reads as the whole number that it begins with, or 0.
     qint64 integer(QLatin1StringView key) const;
     std::optional<QString> string(QLatin1StringView key) const;
@@ -30,14 +37,22 @@ public:
     void setInteger(qint64 value, QLatin1StringView key);
     void setString(const QString &value, QLatin1StringView key);
 
-    QString fileName() const;
+    /// From now on, tells when another process writes, as far as the system tells us.
+    void watch();
+
+    QString fileName() const { return m_file.name(); }
 
 signals:
     /// Some key may have a new value (one of ours, or one that another process wrote meanwhile).
-    void didChange();
+    void didChange() const;
 
 private:
-    void store(const QVariant &value, QLatin1StringView key);
+    void refresh() const;
+    bool write(std::chrono::milliseconds patience);
+    void keepTrying();
 
-    std::unique_ptr<QSettings> m_settings;
+    mutable StoreFile m_file;
+    QMap<QLatin1StringView, QString> m_unwritten;
+    QTimer m_nextTry;
+    std::unique_ptr<QFileSystemWatcher> m_watcher;
 };

@@ -34,6 +34,7 @@ SettingsView::SettingsView(UserDefaults &store)
     , intToggle8(Key::IntKeyToggle8, store)
     , intToggle9(Key::IntKeyToggle9, store)
 {
+    store.watch();
 }
 
 Frame *SettingsView::body()

@@ -1,8 +1,7 @@
 #include "platform/FileContent.h"
 
+#include "platform/FileName.h"
 #include "platform/linux/OpenFile.h"
-
-#include <QFile>
 
 #include <algorithm>
 #include <array>
@@ -82,7 +81,7 @@ std::shared_ptr<const Mapping> Mapping::of(const std::shared_ptr<const OpenFile>
 
 std::optional<FileContent> FileContent::of(const QString &path, qint64 limit, qint64 large)
 {
-    const auto file = OpenFile::at(QFile::encodeName(path).constData(), limit);
+    const auto file = OpenFile::at(FileName::bytes(path).c_str(), limit);
     if (!file)
         return std::nullopt;
     if (auto mapping = file->size() > large ? Mapping::of(file) : nullptr) {

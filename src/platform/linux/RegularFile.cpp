@@ -1,8 +1,7 @@
 #include "platform/RegularFile.h"
 
+#include "platform/FileName.h"
 #include "platform/linux/OpenFile.h"
-
-#include <QFile>
 
 #include <unistd.h>
 
@@ -14,7 +13,7 @@ std::optional<QByteArray> readRegularFile(const std::filesystem::path &path, qin
 
 std::optional<QByteArray> readRegularFile(const QString &path, qint64 limit)
 {
-    return readRegularFile(std::filesystem::path(QFile::encodeName(path).toStdString()), limit);
+    return readRegularFile(std::filesystem::path(FileName::bytes(path)), limit);
 }
 
 bool isProgram(const std::filesystem::path &file)
