@@ -9,6 +9,7 @@
 #include <QMainWindow>
 #include <QMessageBox>
 #include <QTemporaryDir>
+#include <QTimer>
 #include <QToolBar>
 #include <QToolButton>
 
@@ -145,6 +146,12 @@ private slots:
             {"Escape", [=](Alerting &) { press(Qt::Key_Escape); }, u"Cancel"_s},
             {"the close button", [](Alerting &scene) { scene.alert()->close(); }, u"Cancel"_s},
             {"the state that it shows", [](Alerting &scene) { scene.showAlert = false; }, {}},
+            {"the end of the application",
+             [](Alerting &) {
+                 QTimer::singleShot(0, qApp, &QCoreApplication::quit);
+                 QCoreApplication::exec();
+             },
+             {}},
         });
     }
     void eachWayOutPressesOneButtonOnce()
@@ -152,6 +159,7 @@ private slots:
         const auto [goOut, printed] = values<std::function<void(Alerting &)>, QString>();
         Alerting scene;
         for (int time = 1; time <= 2; ++time) {
+            scene.window.show();
             QVERIFY(QTest::qWaitForWindowActive(scene.raised(u"また"_s)));
             goOut(scene);
             QCOMPARE(scene.afterClosing(), printed.isEmpty() ? QStringList() : QStringList(time, printed));

@@ -1,6 +1,6 @@
 #include "view/Alert.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
@@ -13,10 +13,33 @@ struct Titles {
     Q_DECLARE_TR_FUNCTIONS(Alert)
 };
 
+// An alert that is closed because the application is about to end looks the same as one that its user
+// closes.
+class Alert : public QMessageBox {
+public:
+    explicit Alert(QWidget *window)
+        : QMessageBox(window)
+    {
+        qApp->installEventFilter(this);
+    }
+
+    bool endsWithApplication() const { return m_endsWithApplication; }
+
+    bool eventFilter(QObject *receiver, QEvent *event) override
+    {
+        if (event->type() == QEvent::Quit && receiver == qApp)
+            m_endsWithApplication = true;
+        return QMessageBox::eventFilter(receiver, event);
+    }
+
+private:
+    bool m_endsWithApplication = false;
+};
+
 QMessageBox *newAlert(const QString &title, const AlertActions &act, State<bool> &showAlert,
                       QWidget *window)
 {
-    auto *alert = new QMessageBox(window);
+    auto *alert = new Alert(window);
     alert->setAttribute(Qt::WA_DeleteOnClose);
     alert->setWindowModality(Qt::WindowModal);
     alert->setWindowTitle(title);
@@ -28,7 +51,8 @@ QMessageBox *newAlert(const QString &title, const AlertActions &act, State<bool>
     alert->setDefaultButton(ok);
     alert->setEscapeButton(cancel);
     QObject::connect(alert, &QDialog::finished, alert, [alert, ok, act, &showAlert] {
-        (alert->clickedButton() == ok ? act.ok : act.cancel)();
+        if (!alert->endsWithApplication())
+            (alert->clickedButton() == ok ? act.ok : act.cancel)();
         showAlert = false;
     });
     return alert;

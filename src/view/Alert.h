@@ -16,6 +16,7 @@ struct AlertActions {
 
 /// Shows an alert with the title `alertMessage`, modal for the window that `widget` is in, while
 /// `showAlert` is true. Return presses OK; Escape and the close button press キャンセル. Either sets
-/// `showAlert` back to false. An alert that ends with its window presses nothing.
+/// `showAlert` back to false. An alert that ends with its window, or with the application,
+/// presses nothing.
 QWidget *alertWhen(State<bool> &showAlert, const State<QString> &alertMessage, AlertActions act,
                    QWidget *widget);
