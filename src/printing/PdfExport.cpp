@@ -17,7 +17,7 @@ PrintInfo printInfo(const QString &path)
     PrintInfo info = PrintInfo::sharedPrintInfo();
     info.horizontalPagination = PrintInfo::Pagination::Automatic;
     info.verticalPagination = PrintInfo::Pagination::Automatic;
-    info.paperSize = {595, 842}; // A4
+    info.paperSize = {a4.width, a4.height};
     info.topMargin = margin;
     info.bottomMargin = margin;
     info.leftMargin = margin;
