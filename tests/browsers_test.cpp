@@ -9,11 +9,13 @@
 
 #include <QComboBox>
 #include <QDBusConnection>
+#include <QElapsedTimer>
 #include <QProcess>
 #include <QSemaphore>
 #include <QTemporaryDir>
 
 #include <fstream>
+#include <mutex>
 
 #include <fcntl.h>
 #include <pwd.h>
@@ -31,7 +33,7 @@ class ScriptedWorkspace : public Workspace {
 public:
     bool openBundle(const fs::path &bundle) override
     {
-        m_asked += u"open "_s + FileName::text(bundle);
+        note(u"open "_s + FileName::text(bundle));
         return false; // whatever comes of it is nobody's concern
     }
     std::vector<RegisteredApplication> webBrowsers() const override
@@ -39,16 +41,31 @@ public:
         m_looking();
         return m_registered;
     }
+    bool isRegistered(const RegisteredApplication &) const override { return !m_isUninstalled; }
     bool start(const RegisteredApplication &application) override
     {
-        m_asked += u"start "_s + application.name;
-        return !m_isUninstalled;
+        note(u"start "_s + application.name + FileName::text(application.entry));
+        return true;
+    }
+    QStringList asked()
+    {
+        const std::lock_guard lock(m_mutex);
+        return m_asked;
     }
 
     std::vector<RegisteredApplication> m_registered;
     std::function<void()> m_looking = [] {};
-    QStringList m_asked;
     bool m_isUninstalled = false;
+
+private:
+    void note(const QString &what)
+    {
+        const std::lock_guard lock(m_mutex);
+        m_asked += what;
+    }
+
+    std::mutex m_mutex;
+    QStringList m_asked;
 };
 
 // A browser that has been running for a while, and waits on the bus to be asked for a window.
@@ -403,8 +420,7 @@ private slots:
             {"a portable one",
              {"home/Applications/Arc-1.AppImage"},
              true,
-             {u"start Arc"_s, u"open home/Applications/Arc-1.AppImage"_s}},
-            {"none", {}, true, {u"start Arc"_s}},
+             {u"open home/Applications/Arc-1.AppImage"_s}},
         });
     }
     void theChosenBrowserIsLaunchedFromTheFirstPlace()
@@ -425,7 +441,7 @@ private slots:
         QCOMPARE(browsers.value(), QStringList({u"Arc"_s, u"ウェブ"_s}));
         workspace.m_isUninstalled = isUninstalled;
         choice.launch();
-        QCOMPARE(workspace.m_asked.replaceInStrings(m_root->path() + u'/', QString()), asked);
+        QTRY_COMPARE(workspace.asked().replaceInStrings(m_root->path() + u'/', QString()), asked);
     }
 
     void aNameIsNoWayOutOfTheFolder()
@@ -441,8 +457,59 @@ private slots:
             choice.refill();
             QTRY_COMPARE(selected.value(), name);
             choice.launch();
-            QCOMPARE(workspace.m_asked, QStringList(u"start "_s + name));
+            QTRY_COMPARE(workspace.asked(), QStringList(u"start "_s + name));
         }
+    }
+
+    void programsOfOneNameAreToldApart()
+    {
+        write(inRoot("registry/web.desktop"), "");
+        fs::create_symlink("registry", inRoot("same"));
+        ScriptedWorkspace workspace;
+        for (const char *entry :
+             {"registry/web.desktop", "registry/org.example.web.desktop", "same/web.desktop",
+              "registry/sub/web.desktop", "registry/top/web.desktop"})
+            workspace.m_registered.push_back({.name = u"Web"_s, .icon = {}, .entry = inRoot(entry)});
+        State<QStringList> browsers;
+        State<QString> selected;
+        BrowserChoice choice(browsers, selected, workspace, m_folders);
+        choice.refill();
+        const QString top = FileName::text(inRoot("registry/top/web.desktop"));
+        const QStringList names{u"Web"_s, u"Web ("_s + top + u')', u"Web (org.example.web)"_s,
+                                u"Web (web)"_s};
+        QTRY_COMPARE(browsers.value(), names);
+        QStringList expected;
+        for (const char *entry :
+             {"web.desktop", "top/web.desktop", "org.example.web.desktop", "sub/web.desktop"}) {
+            selected = names[expected.size()];
+            expected += u"start "_s + selected + FileName::text(inRoot("registry") / entry);
+            choice.launch();
+            QTRY_COMPARE(workspace.asked(), expected);
+        }
+    }
+
+    void whatDoesNotAnswerIsDoneWithout()
+    {
+        ScriptedWorkspace workspace;
+        workspace.m_registered = {{.name = u"AA Web"_s}};
+        QSemaphore mayAnswer;
+        workspace.m_looking = [&mayAnswer] { mayAnswer.acquire(); };
+        fs::create_directories(m_folders.own / "Arc.app");
+        State<QStringList> browsers;
+        State<QString> selected;
+        BrowserChoice choice(browsers, selected, workspace, m_folders);
+        QElapsedTimer time;
+        time.start();
+        choice.refill();
+        choice.launch(); // of what isn't known yet
+        QTRY_COMPARE(workspace.asked(),
+                     QStringList(u"open "_s + FileName::text(m_folders.own / "Arc.app")));
+        QVERIFY(time.elapsed() < 2000);
+        choice.refill(); // doesn't ask once more who hasn't answered yet
+        QTRY_COMPARE(browsers.value(), QStringList(u"Arc"_s));
+        mayAnswer.release();
+        QTRY_COMPARE(browsers.value(), QStringList({u"AA Web"_s, u"Arc"_s}));
+        QCOMPARE(selected.value(), u"Arc"_s);
     }
 
     void thePickerStartsAnewWheneverItAppears()

@@ -1,12 +1,10 @@
 #include "browsers/BrowserChoice.h"
 
 #include "browsers/InstalledBrowsers.h"
-#include "platform/Background.h"
 #include "platform/FileName.h"
 #include "platform/StandardOutput.h"
 
 #include <algorithm>
-#include <optional>
 
 using std::filesystem::path;
 
@@ -18,20 +16,35 @@ bool isNameOfFile(const QString &name)
     return !name.contains(u'/') && !name.contains(QChar(u'\0'));
 }
 
-std::optional<path> bundleNamed(const QString &name, const BundleFolders &folders)
+std::optional<path> bundleNamed(const QString &name, const path &folder)
 {
-    if (!isNameOfFile(name))
-        return std::nullopt;
-    for (const path &folder : {folders.system, folders.own}) {
-        const path bundle = folder.string() + '/' + FileName::bytes(name) + ".app";
-        std::error_code error;
-        if (std::filesystem::exists(bundle, error))
-            return bundle;
+    const path bundle = folder.string() + '/' + FileName::bytes(name) + ".app";
+    std::error_code error;
+    return isNameOfFile(name) && std::filesystem::exists(bundle, error) ? std::optional(bundle)
+                                                                        : std::nullopt;
+}
+
+std::optional<path> portableNamed(const QString &name, const path &folder)
+{
+    for (const PortableProgram &program : portableBrowsers(folder)) {
+        if (isSameName(program.name, name))
+            return program.file;
     }
     return std::nullopt;
 }
 
 } // namespace
+
+// What the places answer when a browser is to be started.
+struct BrowserChoice::Launch {
+    struct OfFolder {
+        std::optional<path> bundle, portable;
+    };
+    std::optional<path> ofSystem;
+    OfFolder own;
+    std::optional<RegisteredApplication> registered;
+    int awaited = 3;
+};
 
 BrowserChoice::BrowserChoice(State<QStringList> &browsers, State<QString> &selectedBrowser,
                              Workspace &workspace, BundleFolders folders)
@@ -40,78 +53,147 @@ BrowserChoice::BrowserChoice(State<QStringList> &browsers, State<QString> &selec
     , m_workspace(workspace)
     , m_folders(std::move(folders))
 {
+    const auto bundles = [&workspace](const path &folder) {
+        Offer offer{.names = bundledBrowsers(folder)};
+        for (const QString &name : std::as_const(offer.names)) {
+            if (const auto bundle = bundleNamed(name, folder))
+                offer.icons.insert(name, workspace.icon(*bundle));
+        }
+        return offer;
+    };
+    m_system.look = [bundles, folder = m_folders.system] { return bundles(folder); };
+    m_own.look = [bundles, folder = m_folders.own] {
+        Offer offer = bundles(folder);
+        for (const PortableProgram &program : portableBrowsers(folder))
+            offer.names += program.name;
+        return offer;
+    };
+    m_registry.look = [&workspace] {
+        Offer offer{.registered = toldApart(workspace.webBrowsers())};
+        for (const RegisteredApplication &application : offer.registered)
+            offer.names += application.name;
+        return offer;
+    };
 }
 
 void BrowserChoice::refill()
 {
-    const auto work = [folders = m_folders, &workspace = m_workspace] { return look(folders, workspace); };
-    const auto done = [this, refill = ++m_refills](const Found &found) {
-        if (refill == m_refills)
-            offer(found);
+    for (Place *place : m_places)
+        place->isAwaited = true;
+    for (Place *place : m_places)
+        look(*place);
+}
+
+void BrowserChoice::look(Place &place)
+{
+    if (place.respondent.isSilent())
+        return take(place, {}); // the answer that is outstanding will do
+    const auto ofLatest = [this, &place, thisLook = ++place.looks](const Offer &offer) {
+        if (thisLook == place.looks)
+            take(place, offer);
     };
-    inBackground(this, work, done, Workers::waiting());
+    place.respondent.ask(this, place.look, ofLatest, ofLatest);
 }
 
-BrowserChoice::Found BrowserChoice::look(const BundleFolders &folders, const Workspace &workspace)
+void BrowserChoice::take(Place &place, const Offer &offer)
 {
-    Found found;
-    found.registered = workspace.webBrowsers();
-    found.names = installedBrowsers(folders, found.registered);
-    for (const QString &name : std::as_const(found.names)) {
-        if (const auto bundle = bundleNamed(name, folders))
-            found.bundleIcons.insert(name, workspace.icon(*bundle));
+    const bool isLate = !std::exchange(place.isAwaited, false);
+    place.offer = offer;
+    if (isLooking())
+        return;
+    show(isLate);
+    while (m_waitingLaunches > 0) {
+        --m_waitingLaunches;
+        launch(m_selectedBrowser);
     }
-    return found;
 }
 
-void BrowserChoice::offer(const Found &found)
+void BrowserChoice::show(bool keepsChoice)
 {
-    m_found = found;
-    m_browsers = found.names;
-    m_selectedBrowser = found.names.value(0);
+    QStringList names;
+    for (const Place *place : m_places)
+        names += place->offer.names;
+    const QString choice = m_selectedBrowser;
+    m_browsers = uniqueAndSorted(names);
+    if (!keepsChoice || !m_browsers.value().contains(choice))
+        m_selectedBrowser = m_browsers.value().value(0);
+}
+
+bool BrowserChoice::isLooking() const
+{
+    return std::any_of(m_places.begin(), m_places.end(),
+                       [](const Place *place) { return place->isAwaited; });
 }
 
 void BrowserChoice::launch()
 {
-    if (!openBundle() && !startRegistered() && !openPortable())
-        StandardOutput::standard().post("Microsoft Edge が見つかりませんでした\n");
+    if (isLooking())
+        ++m_waitingLaunches;
+    else
+        launch(m_selectedBrowser);
 }
 
-bool BrowserChoice::openBundle()
+// All are asked at once; what they answer counts in its order.
+void BrowserChoice::launch(const QString &browser)
 {
-    const auto bundle = bundleNamed(m_selectedBrowser, m_folders);
-    if (bundle)
-        m_workspace.openBundle(*bundle);
-    return bundle.has_value();
+    const auto launch = std::make_shared<Launch>();
+    const auto into = [this, launch](auto &answer) {
+        return [this, launch, &answer](const auto &given) {
+            answer = given;
+            if (--launch->awaited == 0)
+                start(*launch);
+        };
+    };
+    m_system.respondent.ask(
+        this, [=, folder = m_folders.system] { return bundleNamed(browser, folder); },
+        into(launch->ofSystem));
+    m_own.respondent.ask(
+        this,
+        [=, folder = m_folders.own] {
+            return Launch::OfFolder{bundleNamed(browser, folder), portableNamed(browser, folder)};
+        },
+        into(launch->own));
+    m_registry.respondent.ask(
+        this,
+        [application = registeredAs(browser), &workspace = m_workspace] {
+            return application && workspace.isRegistered(*application) ? application : std::nullopt;
+        },
+        into(launch->registered));
 }
 
-bool BrowserChoice::startRegistered()
+void BrowserChoice::start(const Launch &launch)
 {
-    const auto &registered = m_found.registered;
-    return std::any_of(registered.begin(), registered.end(), [this](const auto &application) {
-        return isSameName(application.name, m_selectedBrowser) && m_workspace.start(application);
-    });
+    std::function<bool()> start;
+    const auto open = [this](const path &bundle) {
+        return [&workspace = m_workspace, bundle] { return workspace.openBundle(bundle); };
+    };
+    if (launch.ofSystem || launch.own.bundle)
+        start = open(launch.ofSystem ? *launch.ofSystem : *launch.own.bundle);
+    else if (launch.registered)
+        start = [&workspace = m_workspace, it = *launch.registered] { return workspace.start(it); };
+    else if (launch.own.portable)
+        start = open(*launch.own.portable);
+    else
+        return StandardOutput::standard().post("Microsoft Edge が見つかりませんでした\n");
+    inBackground(
+        this, start, [](bool) {}, Workers::waiting()); // what comes of it is nobody's concern
 }
 
-bool BrowserChoice::openPortable()
+std::optional<RegisteredApplication> BrowserChoice::registeredAs(const QString &browser) const
 {
-    for (const PortableProgram &program : portableBrowsers(m_folders.own)) {
-        if (isSameName(program.name, m_selectedBrowser)) {
-            m_workspace.openBundle(program.file);
-            return true;
-        }
+    for (const RegisteredApplication &application : m_registry.offer.registered) {
+        if (isSameName(application.name, browser))
+            return application;
     }
-    return false;
+    return std::nullopt;
 }
 
 QString BrowserChoice::icon(const QString &browser) const
 {
-    QString bundles = m_found.bundleIcons.value(browser);
-    if (!bundles.isEmpty())
-        return bundles;
-    const auto &registered = m_found.registered;
-    const auto found = std::find_if(registered.begin(), registered.end(), [&](const auto &application) {
-        return isSameName(application.name, browser);
-    });
-    return found == registered.end() ? QString() : found->icon;
+    for (const Place *place : {&m_system, &m_own}) {
+        if (const QString icon = place->offer.icons.value(browser); !icon.isEmpty())
+            return icon;
+    }
+    const auto application = registeredAs(browser);
+    return application ? application->icon : QString();
 }

@@ -3,7 +3,9 @@
 #include "platform/FileName.h"
 #include "platform/RegularFile.h"
 
+#include <QMultiHash>
 #include <QRegularExpression>
+#include <QSet>
 
 #include <algorithm>
 #include <array>
@@ -30,18 +32,6 @@ template <class Visit> void forEachEntry(const path &folder, Visit visit)
     std::filesystem::directory_iterator entries(folder, error);
     for (; !error && entries != std::filesystem::directory_iterator(); entries.increment(error))
         visit(entries->path());
-}
-
-void addBundles(QStringList &found, const path &folder)
-{
-    forEachEntry(folder, [&found](const path &entry) {
-        const std::string file = entry.filename().string();
-        if (!file.ends_with(".app"))
-            return;
-        const QString name = FileName::text(file).remove(".app"_L1);
-        if (namesBrowser(name))
-            found += name;
-    });
 }
 
 QString withoutVersion(const QString &name)
@@ -72,18 +62,16 @@ bool comesBefore(const SortableName &one, const SortableName &other)
                                         [](QChar a, QChar b) { return rank(a) < rank(b); });
 }
 
-QStringList uniqueAndSorted(const QStringList &names)
+QString composed(const QString &name)
 {
-    std::vector<SortableName> sorted;
-    for (const QString &name : names)
-        sorted.push_back({name.normalized(QString::NormalizationForm_C), name});
-    std::stable_sort(sorted.begin(), sorted.end(), comesBefore);
-    const auto end = std::unique(sorted.begin(), sorted.end(), [](const auto &one, const auto &other) {
-        return one.composed == other.composed;
-    });
-    QStringList result;
-    std::for_each(sorted.begin(), end, [&result](const SortableName &name) { result += name.asFound; });
-    return result;
+    return name.normalized(QString::NormalizationForm_C);
+}
+
+// A registry may be reached in two ways.
+bool areOne(const path &entry, const path &other)
+{
+    std::error_code error;
+    return entry == other || std::filesystem::equivalent(entry, other, error);
 }
 
 } // namespace
@@ -91,14 +79,62 @@ QStringList uniqueAndSorted(const QStringList &names)
 QStringList installedBrowsers(const BundleFolders &folders,
                               const std::vector<RegisteredApplication> &registered)
 {
-    QStringList found;
-    addBundles(found, folders.system);
-    addBundles(found, folders.own);
+    QStringList found = bundledBrowsers(folders.system) + bundledBrowsers(folders.own);
     for (const PortableProgram &program : portableBrowsers(folders.own))
         found += program.name;
     for (const RegisteredApplication &application : registered)
         found += application.name;
     return uniqueAndSorted(found);
+}
+
+QStringList bundledBrowsers(const path &folder)
+{
+    QStringList found;
+    forEachEntry(folder, [&found](const path &entry) {
+        const std::string file = entry.filename().string();
+        if (!file.ends_with(".app"))
+            return;
+        const QString name = FileName::text(file).remove(".app"_L1);
+        if (namesBrowser(name))
+            found += name;
+    });
+    return found;
+}
+
+std::vector<RegisteredApplication> toldApart(const std::vector<RegisteredApplication> &applications)
+{
+    QMultiHash<QString, path> entries; // by their own name
+    QSet<QString> taken;
+    std::vector<RegisteredApplication> result;
+    for (RegisteredApplication application : applications) {
+        const QString name = application.name;
+        const QList<path> ofTheName = entries.values(composed(name));
+        const auto isThis = [&](const path &other) { return areOne(other, application.entry); };
+        if (std::any_of(ofTheName.begin(), ofTheName.end(), isThis))
+            continue;
+        entries.insert(composed(name), application.entry);
+        for (const path &addition : {application.entry.stem(), application.entry}) {
+            if (taken.contains(composed(application.name)))
+                application.name = name + u" ("_s + FileName::text(addition.string()) + u')';
+        }
+        taken.insert(composed(application.name));
+        result.push_back(std::move(application));
+    }
+    return result;
+}
+
+QStringList uniqueAndSorted(const QStringList &names)
+{
+    std::vector<SortableName> sorted;
+    for (const QString &name : names)
+        sorted.push_back({composed(name), name});
+    std::stable_sort(sorted.begin(), sorted.end(), comesBefore);
+    const auto end = std::unique(sorted.begin(), sorted.end(), [](const auto &one, const auto &other) {
+        return one.composed == other.composed;
+    });
+    QStringList result;
+    std::for_each(sorted.begin(), end, [&result](const SortableName &name) { result += name.asFound; });
+    return result;
 }
 
 std::vector<PortableProgram> portableBrowsers(const path &folder)
@@ -118,5 +154,5 @@ std::vector<PortableProgram> portableBrowsers(const path &folder)
 
 bool isSameName(const QString &one, const QString &other)
 {
-    return one.normalized(QString::NormalizationForm_C) == other.normalized(QString::NormalizationForm_C);
+    return composed(one) == composed(other);
 }

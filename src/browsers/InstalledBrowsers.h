@@ -11,6 +11,18 @@
 QStringList installedBrowsers(const BundleFolders &folders,
                               const std::vector<RegisteredApplication> &registered);
 
+// Their parts: what is in one folder, or registered, and how they are put together.
+
+/// The names of the bundles in a folder that are named like a browser, as they come.
+QStringList bundledBrowsers(const std::filesystem::path &folder);
+
+/// The same with a name for each: of those that have the same one, the later ones get the name of their
+/// entry behind it.
+std::vector<RegisteredApplication> toldApart(const std::vector<RegisteredApplication> &applications);
+
+/// Each name once, as it was first found, in the order of their characters' numbers.
+QStringList uniqueAndSorted(const QStringList &names);
+
 /// A program in a single file that was put into a folder for applications.
 struct PortableProgram {
     QString name; ///< without its version

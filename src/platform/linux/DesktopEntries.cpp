@@ -59,6 +59,11 @@ std::vector<RegisteredApplication> DesktopEntries::webBrowsers(const std::vector
     return gio()->webBrowsers(registry.entries, hasAssociations);
 }
 
+bool DesktopEntries::isThere(const path &entry)
+{
+    return gio() && gio()->isThere(entry);
+}
+
 bool DesktopEntries::start(const path &entry)
 {
     return gio() && gio()->start(entry);

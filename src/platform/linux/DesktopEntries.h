@@ -13,7 +13,9 @@ std::vector<std::filesystem::path> folders();
 /// shown to the user.
 std::vector<RegisteredApplication> webBrowsers(const std::vector<std::filesystem::path> &folders);
 
-/// False when there is no such application any more.
+bool isThere(const std::filesystem::path &entry);
+
+/// False when there is no such application any more. Waits for the desktop's buses.
 bool start(const std::filesystem::path &entry);
 
 } // namespace DesktopEntries

@@ -1,6 +1,7 @@
 #include "platform/Workspace.h"
 
 #include "platform/FileName.h"
+#include "platform/Workers.h"
 #include "platform/linux/Bundle.h"
 #include "platform/linux/DesktopEntries.h"
 #include "platform/linux/DetachedProgram.h"
@@ -22,9 +23,10 @@ QByteArray fileUrl(const std::filesystem::path &file)
 
 } // namespace
 
-bool Workspace::open(const QUrl &url)
+void Workspace::open(const QUrl &url)
 {
-    return url.isValid() && openByDefault(url.toEncoded());
+    if (url.isValid())
+        Workers::waiting().start([url = url.toEncoded()] { openByDefault(url); });
 }
 
 bool Workspace::openBundle(const std::filesystem::path &bundle)
@@ -42,6 +44,11 @@ QString Workspace::icon(const std::filesystem::path &bundle) const
 std::vector<RegisteredApplication> Workspace::webBrowsers() const
 {
     return DesktopEntries::webBrowsers(DesktopEntries::folders());
+}
+
+bool Workspace::isRegistered(const RegisteredApplication &application) const
+{
+    return DesktopEntries::isThere(application.entry);
 }
 
 bool Workspace::start(const RegisteredApplication &application)

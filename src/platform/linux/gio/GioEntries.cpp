@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <optional>
 #include <string_view>
-#include <thread>
 
 using std::filesystem::path;
 
@@ -79,19 +78,22 @@ std::vector<RegisteredApplication> webBrowsers(const std::vector<path> &entries,
     return browsers;
 }
 
+bool isThere(const path &entry)
+{
+    return loadApplication(entry) != nullptr;
+}
+
 bool start(const path &entry)
 {
-    AppInfo info = loadApplication(entry);
-    if (!info)
-        return false;
-    // The desktop's buses may keep one waiting.
-    std::thread([info = std::move(info)] { launchApplication(info.get()); }).detach();
-    return true;
+    const AppInfo info = loadApplication(entry);
+    if (info)
+        launchApplication(info.get());
+    return info != nullptr;
 }
 
 } // namespace
 
-const GioModule tarumineGio{.webBrowsers = webBrowsers, .start = start};
+const GioModule tarumineGio{.webBrowsers = webBrowsers, .isThere = isThere, .start = start};
 
 AppInfo loadApplication(const path &entry)
 {

@@ -9,6 +9,8 @@ struct GioModule {
     std::vector<RegisteredApplication> (*webBrowsers)(const std::vector<std::filesystem::path> &entries,
                                                       bool withAssociations);
 
+    bool (*isThere)(const std::filesystem::path &entry);
+
     /// Starts an application; what becomes of it is told to nobody. False when it is there no longer.
     bool (*start)(const std::filesystem::path &entry);
 };

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "platform/Background.h"
+
+#include <QTimer>
+
+#include <chrono>
+#include <functional>
+
+/// Somebody who answers when asked, or doesn't: a folder on the other side of a network, say. Nobody waits
+/// for the answer longer than a second; and as long as it is outstanding after that, nothing more is asked,
+/// so that questions don't pile up. For one thread only.
+class Respondent {
+public:
+    bool isSilent() const { return *m_isSilent; }
+
+    /// Has `work` ask in the background, and hands the answer to `done` on this thread: `{}` after a second
+    /// without any, or when there was none to the question before. An answer that comes later than that
+    /// goes to `late`. Neither is called when `context` is gone.
+    template <class Work, class Done>
+    void ask(
+        QObject *context, Work work, Done done,
+        std::function<void(const std::invoke_result_t<Work> &)> late = [](const auto &) {})
+    {
+        using Answer = std::invoke_result_t<Work>;
+        if (isSilent())
+            return done(Answer());
+        auto isWaiting = std::make_shared<bool>(true);
+        QTimer::singleShot(patience, Qt::CoarseTimer, context, [isWaiting, isSilent = m_isSilent, done] {
+            if (!std::exchange(*isWaiting, false))
+                return;
+            *isSilent = true;
+            done(Answer());
+        });
+        const auto take = [isWaiting, isSilent = m_isSilent, done,
+                           late = std::move(late)](const Answer &answer) {
+            if (std::exchange(*isWaiting, false))
+                return done(answer);
+            *isSilent = false;
+            late(answer);
+        };
+        inBackground(context, std::move(work), take, Workers::waiting());
+    }
+
+private:
+    static constexpr std::chrono::milliseconds patience{900};
+
+    std::shared_ptr<bool> m_isSilent = std::make_shared<bool>(false);
+};
