@@ -301,6 +301,10 @@ private slots:
         if (QFile::exists(u"/sys/kernel"_s)) // where not even root writes
             QCOMPARE(reason(u"/sys/a.pdf"_s), u"そこに書き込むことは許可されていません。"_s);
         QVERIFY(!reason(u"/dev/null"_s).isEmpty());
+        const PrintOutcome endless = print(u"本文"_s, {.copies = 2'000'000'000},
+                                           {.file = m_folder.filePath(u"b.pdf"_s)}, m_progress);
+        QCOMPARE(endless.reason, u"メモリが足りません。"_s);
+        QVERIFY(!QFile::exists(m_folder.filePath(u"b.pdf"_s)));
         PdfProgress cancelled;
         cancelled.cancelled = true;
         const QString file = m_folder.filePath(u"a.pdf"_s);
