@@ -1,13 +1,13 @@
 #include "Testing.h"
 #include "document/ReadingText.h"
 #include "platform/Background.h"
-#include "platform/OpenPanel.h"
 #include "preferences/PreferenceKeys.h"
 #include "preferences/UserDefaults.h"
 #include "reading/OpeningMessage.h"
 #include "reading/Patience.h"
 #include "reading/TextLoading.h"
 #include "reading/TextPane.h"
+#include "view/OpenPanel.h"
 
 #include <QFileDialog>
 #include <QMimeData>

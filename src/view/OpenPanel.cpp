@@ -1,4 +1,6 @@
-#include "platform/OpenPanel.h"
+#include "view/OpenPanel.h"
+
+#include "view/Unwinding.h"
 
 #include <QCoreApplication>
 #include <QFileDialog>
@@ -29,7 +31,7 @@ public:
             m_dialog->setNameFilter(nameFilter());
         connect(m_dialog, &QDialog::finished, this, [this, ended = std::move(ended)](int result) {
             ended(result == QDialog::Accepted ? ModalResponse::OK : ModalResponse::Cancel);
-            m_dialog->deleteLater();
+            deleteWhenUnwound(m_dialog);
             deleteLater();
         });
         m_dialog->open();
