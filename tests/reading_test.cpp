@@ -307,8 +307,7 @@ private slots:
             dialog->reject();
         QVERIFY(ended);
         QCOMPARE(url.has_value(), accepted);
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        QVERIFY(!window.findChild<QFileDialog *>());
+        QTRY_VERIFY(!window.findChild<QFileDialog *>());
     }
 };
 
