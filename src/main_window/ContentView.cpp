@@ -18,9 +18,11 @@
 #include "view/Alert.h"
 #include "view/Frame.h"
 #include "view/Modifiers.h"
+#include "view/Notice.h"
 #include "view/Stacks.h"
 
 #include <QCoreApplication>
+#include <QFileInfo>
 
 namespace {
 
@@ -114,10 +116,24 @@ void ContentView::openText()
     m_textLoading.openText(m_columns->window());
 }
 
+// What is saved is the text as it is now, also when the folder is slow to answer.
 void ContentView::savePDF(const QString &fileName)
 {
-    ::savePDF(fileName, text.value(), m_surroundings.downloads, m_surroundings.newPrintOperation,
-              m_columns->window());
+    enum class Answer { None, Yes, No };
+    const auto isThere = [folder = m_surroundings.downloads] {
+        return QFileInfo(folder).isDir() ? Answer::Yes : Answer::No;
+    };
+    const auto save = [this, fileName, text = text.value()](Answer answer) {
+        if (answer == Answer::Yes)
+            ::savePDF(fileName, text, m_surroundings.downloads, m_surroundings.newPrintOperation,
+                      m_columns->window());
+        else if (answer == Answer::None)
+            showNotice(QMessageBox::Warning,
+                       QCoreApplication::translate("ContentView", "フォルダ「%1」が応答しません。")
+                           .arg(m_surroundings.downloads),
+                       {}, m_columns->window());
+    };
+    m_downloads.ask(m_columns, isThere, save);
 }
 
 void ContentView::launchEdge()
@@ -139,5 +155,7 @@ void ContentView::readHost()
 {
     const QString name = m_surroundings.host.name();
     hostName = name.isEmpty() ? QStringLiteral("Unknown") : name;
-    userName = m_surroundings.host.userName();
+    inBackground(
+        m_columns, [&host = m_surroundings.host] { return host.userName(); },
+        [this](const QString &login) { userName = login; }, Workers::waiting());
 }

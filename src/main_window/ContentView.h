@@ -3,6 +3,7 @@
 #include "browsers/BrowserChoice.h"
 #include "document/ReadingText.h"
 #include "main_window/Surroundings.h"
+#include "platform/Respondent.h"
 #include "preferences/AppStorage.h"
 #include "preferences/PreferenceKeys.h"
 #include "reading/FontSize.h"
@@ -84,6 +85,7 @@ private:
     // The tools that work on it.
     TextLoading m_textLoading;
     BrowserChoice m_browserChoice;
+    Respondent m_downloads; // the folder
 
     QPointer<Columns> m_columns;
     QPointer<TextPane> m_textPane;
