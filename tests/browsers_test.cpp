@@ -1,12 +1,14 @@
 #include "Testing.h"
 #include "browsers/BrowserChoice.h"
 #include "browsers/BrowserPicker.h"
+#include "browsers/IconFiles.h"
 #include "browsers/InstalledBrowsers.h"
 #include "platform/Background.h"
 #include "platform/FileName.h"
 #include "platform/linux/DesktopEntries.h"
 #include "platform/linux/EntrySearch.h"
 
+#include <QBuffer>
 #include <QComboBox>
 #include <QDBusConnection>
 #include <QElapsedTimer>
@@ -17,6 +19,7 @@
 #include <fstream>
 #include <mutex>
 
+#include <dlfcn.h>
 #include <fcntl.h>
 #include <pwd.h>
 #include <sys/stat.h>
@@ -27,6 +30,8 @@ using Names = std::vector<std::string>;
 namespace fs = std::filesystem;
 
 namespace {
+
+QSemaphore directoryMayAnswer(1);
 
 // A desktop that takes note of what it is asked for.
 class ScriptedWorkspace : public Workspace {
@@ -101,6 +106,15 @@ std::string entry(const std::string &more)
 
 } // namespace
 
+// In the place of the system's own: a directory service that takes its time.
+extern "C" int getpwuid_r(uid_t id, passwd *entry, char *room, size_t size, passwd **found)
+{
+    directoryMayAnswer.acquire();
+    const QSemaphoreReleaser asBefore(directoryMayAnswer);
+    const auto real = reinterpret_cast<decltype(&getpwuid_r)>(::dlsym(RTLD_NEXT, "getpwuid_r"));
+    return real(id, entry, room, size, found);
+}
+
 class BrowsersTest : public QObject {
     Q_OBJECT
 
@@ -156,6 +170,12 @@ private slots:
     {
         const QByteArray home = qgetenv("HOME");
         qunsetenv("HOME");
+        directoryMayAnswer.acquire();
+        QElapsedTimer time;
+        time.start();
+        QCOMPARE(BundleFolders::standard().own, fs::path("/Applications"));
+        QVERIFY(time.elapsed() < 1000);
+        directoryMayAnswer.release();
         const fs::path own = BundleFolders::standard().own;
         qputenv("HOME", home);
         if (const passwd *user = ::getpwuid(::geteuid()))
@@ -488,6 +508,66 @@ private slots:
         }
     }
 
+    void picturesAreReadWithoutAnybodyWaiting_data()
+    {
+        const auto drawing = [](const std::string &content) {
+            return "<svg xmlns='http://www.w3.org/2000/svg' xmlns:xlink='http://www.w3.org/1999/xlink' "
+                   "width='90000' height='45000'><rect width='90000' height='45000'/>"
+                + content + "</svg>";
+        };
+        const auto pixels = [](int width, int height) {
+            QByteArray png;
+            QBuffer buffer(&png);
+            QImage picture(width, height, QImage::Format_Mono);
+            picture.fill(0);
+            picture.save(&buffer, "png");
+            return png.toStdString();
+        };
+        cases<std::string, QSize>({
+            {"a drawing, however large", drawing(""), {64, 32}},
+            {"a picture", pixels(300, 150), {64, 32}},
+            {"a small one", pixels(16, 16), {16, 16}},
+            {"a gigantic one", pixels(5000, 5000), {}},
+            {"another file in a drawing",
+             drawing("<image width='9' height='9' xlink:href='/dev/zero'/>"),
+             {}},
+            {"a drawing that grows", "<!DOCTYPE svg [<!ENTITY a 'x'>]>" + drawing("&a;"), {}},
+            {"no picture", "none", {}},
+        });
+    }
+    void picturesAreReadWithoutAnybodyWaiting()
+    {
+        const auto [content, size] = values<std::string, QSize>();
+        write(inRoot("icon"), content);
+        QCOMPARE(smallPicture(FileName::text(inRoot("icon")), 64).size(),
+                 size.isValid() ? size : QSize(0, 0));
+    }
+
+    void theIconsOfFilesAreShownWhenTheyAreRead()
+    {
+        QImage picture(32, 32, QImage::Format_RGB32);
+        picture.fill(Qt::red);
+        const QString good = FileName::text(inRoot("good.png")), fifo = FileName::text(inRoot("fifo.png"));
+        picture.save(good);
+        QCOMPARE(::mkfifo(qPrintable(fifo), 0600), 0);
+        ScriptedWorkspace workspace;
+        workspace.m_registered = {{.name = u"A"_s, .icon = fifo, .entry = "a"},
+                                  {.name = u"B"_s, .icon = good, .entry = "b"},
+                                  {.name = u"C"_s, .icon = u"../../good"_s, .entry = "c"}};
+        State<QStringList> browsers;
+        State<QString> selected;
+        BrowserChoice choice(browsers, selected, workspace, m_folders);
+        const std::unique_ptr<QWidget> picker(BrowserPicker(browsers, selected, choice));
+        picker->show();
+        auto *list = picker->findChild<QComboBox *>();
+        QTRY_COMPARE(list->count(), 3);
+        list->showPopup();
+        QTRY_VERIFY(!list->itemIcon(1).isNull());
+        QCOMPARE(list->itemIcon(1).pixmap(16).toImage().pixelColor(8, 8), QColor(Qt::red));
+        QVERIFY(list->itemIcon(0).isNull() && list->itemIcon(2).isNull());
+        list->hidePopup();
+    }
+
     void whatDoesNotAnswerIsDoneWithout()
     {
         ScriptedWorkspace workspace;
@@ -505,10 +585,11 @@ private slots:
         QTRY_COMPARE(workspace.asked(),
                      QStringList(u"open "_s + FileName::text(m_folders.own / "Arc.app")));
         QVERIFY(time.elapsed() < 2000);
+        fs::create_directories(m_folders.own / "Opera.app");
         choice.refill(); // doesn't ask once more who hasn't answered yet
-        QTRY_COMPARE(browsers.value(), QStringList(u"Arc"_s));
+        QTRY_COMPARE(browsers.value(), QStringList({u"Arc"_s, u"Opera"_s}));
         mayAnswer.release();
-        QTRY_COMPARE(browsers.value(), QStringList({u"AA Web"_s, u"Arc"_s}));
+        QTRY_COMPARE(browsers.value(), QStringList({u"AA Web"_s, u"Arc"_s, u"Opera"_s}));
         QCOMPARE(selected.value(), u"Arc"_s);
     }
 

@@ -1,6 +1,7 @@
 #include "browsers/BrowserPicker.h"
 
 #include "browsers/BrowserChoice.h"
+#include "browsers/IconFiles.h"
 #include "view/Controls.h"
 #include "view/Modifiers.h"
 #include "view/Stacks.h"
@@ -18,9 +19,11 @@ struct Titles {
 QWidget *BrowserPicker(const State<QStringList> &browsers, State<QString> &selectedBrowser,
                        BrowserChoice &choice)
 {
-    const auto icon = [&choice](const QString &browser) {
+    const auto icon = [&choice, files = std::make_shared<IconFiles>()](const QString &browser) {
         const QString name = choice.icon(browser);
-        return QDir::isAbsolutePath(name) ? QIcon(name) : QIcon::fromTheme(name);
+        if (QDir::isAbsolutePath(name))
+            return files->icon(name);
+        return name.contains(u'/') ? QIcon() : QIcon::fromTheme(name);
     };
     QWidget *picker = Picker(
         Titles::tr("ブラウザを選択"), selectedBrowser, [&browsers] { return browsers.value(); }, icon);

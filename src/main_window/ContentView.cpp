@@ -158,5 +158,7 @@ void ContentView::readHost()
 {
     const QString name = m_surroundings.host.name();
     hostName = name.isEmpty() ? QStringLiteral("Unknown") : name;
-    userName = m_surroundings.host.userName();
+    inBackground(
+        m_columns, [&host = m_surroundings.host] { return host.userName(); },
+        [this](const QString &login) { userName = login; }, Workers::waiting());
 }

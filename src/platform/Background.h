@@ -3,13 +3,10 @@
 #include "platform/Workers.h"
 
 #include <QObject>
-#include <QTimer>
 
-#include <chrono>
 #include <exception>
 #include <functional>
 #include <memory>
-#include <optional>
 #include <type_traits>
 #include <utility>
 
@@ -36,20 +33,4 @@ void inBackground(QObject *context, Work work, Done done, Workers &workers = Wor
     };
     runInBackground(context, workers, std::move(guarded),
                     [result, done = std::move(done)] { done(std::as_const(*result)); });
-}
-
-/// The same for work that others may hold up, when somebody waits for it: after `patience`, `done` is
-/// called with nothing, and what the work may still come to is dropped.
-template <class Work, class Done>
-void inBackgroundWithin(std::chrono::milliseconds patience, QObject *context, Work work, Done done)
-{
-    using Result = std::invoke_result_t<Work>;
-    const auto once = [done = std::move(done),
-                       isDone = std::make_shared<bool>(false)](const std::optional<Result> &result) {
-        if (!std::exchange(*isDone, true))
-            done(result);
-    };
-    QTimer::singleShot(patience, context, [once] { once(std::nullopt); });
-    inBackground(
-        context, std::move(work), [once](const Result &result) { once(result); }, Workers::waiting());
 }

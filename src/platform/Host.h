@@ -6,6 +6,8 @@
 class Host {
 public:
     virtual ~Host() = default;
-    virtual QString name() const;     ///< the computer's name; empty when it has none
-    virtual QString userName() const; ///< the login name; empty when the system knows none
+    /// The computer's name; empty when it has none.
+    virtual QString name() const;
+    /// The login name; empty when the system knows none. May take a second, and be asked on any thread.
+    virtual QString userName() const;
 };

@@ -1,11 +1,8 @@
 #include "printing/PdfExport.h"
 
-#include "platform/Background.h"
 #include "view/Notice.h"
 
 #include <QFileInfo>
-
-using namespace std::chrono_literals;
 
 namespace {
 
@@ -42,8 +39,8 @@ void PdfExport::savePDF(const QString &fileName, const QString &text, QWidget *w
     if (m_isLooking || m_operation)
         return;
     m_isLooking = true;
-    const auto isFolder = [folder = m_folder] { return QFileInfo(folder).isDir(); };
-    inBackgroundWithin(1s, window, isFolder, [=, this](std::optional<bool> is) {
+    const auto isFolder = [folder = m_folder] { return std::optional(QFileInfo(folder).isDir()); };
+    m_folderAnswers.ask(window, isFolder, [=, this](std::optional<bool> is) {
         m_isLooking = false;
         if (is == true)
             begin(fileName, text, window);

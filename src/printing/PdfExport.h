@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/Respondent.h"
 #include "printing/PrintOperation.h"
 
 #include <QPointer>
@@ -25,6 +26,7 @@ private:
 
     const QString m_folder;
     const NewPrintOperation m_newOperation;
+    Respondent m_folderAnswers;
     bool m_isLooking = false;
     QPointer<PrintOperation> m_operation;
 };

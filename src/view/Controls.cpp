@@ -8,6 +8,7 @@
 #include <QAccessible>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QHash>
 #include <QIcon>
 #include <QLabel>
 #include <QPushButton>
@@ -61,28 +62,29 @@ class PickerRows : public QStringListModel {
 public:
     using QStringListModel::QStringListModel;
 
-    void showIcons(const std::function<QIcon(const QString &)> &icon)
+    void showIcons(const QHash<QString, QIcon> &icons)
     {
-        m_icon = icon;
+        m_icons = icons;
         emit dataChanged(index(0), index(rowCount() - 1), {Qt::DecorationRole});
     }
 
     QVariant data(const QModelIndex &row, int role) const override
     {
-        if (role == Qt::DecorationRole && m_icon)
-            return m_icon(row.data().toString());
+        if (role == Qt::DecorationRole)
+            return m_icons.value(row.data().toString());
         return QStringListModel::data(row, role == Qt::ToolTipRole ? Qt::DisplayRole : role);
     }
 
 private:
-    std::function<QIcon(const QString &)> m_icon;
+    QHash<QString, QIcon> m_icons; // by the name of the row
 };
 
 // The first icon costs the reading of a whole icon theme, so it waits until somebody comes to choose.
 class PickerList : public QComboBox {
 public:
-    explicit PickerList(std::function<QIcon(const QString &)> icon)
-        : m_icon(std::move(icon))
+    PickerList(std::function<QStringList()> names, std::function<QIcon(const QString &)> icon)
+        : m_names(std::move(names))
+        , m_icon(std::move(icon))
     {
         // As wide as a few characters, whatever the rows; what is longer is cut short.
         setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
@@ -133,13 +135,21 @@ private:
 
     void showIcons()
     {
-        if (m_icon)
-            m_rows->showIcons(std::exchange(m_icon, nullptr));
+        if (!m_icon)
+            return;
+        const auto icons = [names = m_names, icon = std::exchange(m_icon, nullptr)] {
+            QHash<QString, QIcon> found;
+            for (const QString &name : names())
+                found.insert(name, icon(name));
+            return found;
+        };
+        follow(this, icons, [this](const auto &found) { m_rows->showIcons(found); });
     }
 
     static constexpr int widestPopup = 480; // longer names are cut short there, too
 
-    std::function<QIcon(const QString &)> m_icon;
+    std::function<QStringList()> m_names;
+    std::function<QIcon(const QString &)> m_icon; // until it is first needed
     PickerRows *m_rows = new PickerRows(this);
 };
 
@@ -207,7 +217,7 @@ QWidget *Picker(const QString &title, Binding<QString> selection, std::function<
         QAccessible::installFactory(pickerAccessible);
         return true;
     }();
-    auto *list = new PickerList(std::move(icon));
+    auto *list = new PickerList(rows, std::move(icon));
     list->view()->setAccessibleName(title);
     const auto showSelection = [list](const QString &name) { list->setCurrentIndex(list->findText(name)); };
     follow(list, std::move(rows), [list, showSelection, get = selection.get](const QStringList &names) {

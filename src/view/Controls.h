@@ -31,6 +31,6 @@ struct SliderRange {
 QWidget *Slider(const QString &title, Binding<double> value, const SliderRange &range);
 
 /// A visible title above a pop-up list; a row is shown as chosen when it equals `selection`. Icons
-/// are asked for from when somebody first turns to it, for the rows that are drawn.
+/// are asked for from when somebody first turns to it, and follow what they are made of.
 QWidget *Picker(const QString &title, Binding<QString> selection, std::function<QStringList()> rows,
                 std::function<QIcon(const QString &row)> icon = {});
