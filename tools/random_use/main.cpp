@@ -1,7 +1,9 @@
 // Uses the windows at random, as nobody would but a cat on the keyboard: presses buttons and menu items
 // whether or not a dialog is in front of them (as assistive programs can), types, opens dialogs in dialogs,
 // opens, resizes and closes windows. What it does is a matter of the seed; each action is named on standard
-// error before it happens, so that the last one is known when it ends badly.
+// error before it happens, so that the last one is known when it ends badly. It stays in the home that it
+// is started with: a dialog for files is answered, but not walked about in, where it would make folders,
+// remove files and write pages all over the disk; and no page reaches a printer.
 //
 //   random_use [SEED [ACTIONS]]
 
@@ -18,6 +20,7 @@
 #include <QDialog>
 #include <QDir>
 #include <QElapsedTimer>
+#include <QFileDialog>
 #include <QLineEdit>
 #include <QMenu>
 #include <QRandomGenerator>
@@ -41,6 +44,13 @@ bool endsTheUse(const QString &title)
 {
     return title.contains(u"終了"_s) || title.contains(u"ヘルプ"_s) || title.contains(u"マニュアル"_s)
         || title == u"起動"_s || title == u"別スレッド"_s;
+}
+
+bool isOfFiles(const QObject *part)
+{
+    while (part && !qobject_cast<const QFileDialog *>(part))
+        part = part->parent();
+    return part;
 }
 
 class RandomUse : public QObject {
@@ -72,6 +82,8 @@ private:
         QWidget *window = any(shownWindows());
         if (!window)
             return m_app.newWindow();
+        if (auto *files = qobject_cast<QFileDialog *>(window))
+            return answer(files);
         switch (m_random.bounded(9)) {
         case 0:
         case 1:
@@ -91,6 +103,13 @@ private:
         }
     }
 
+    void answer(QDialog *files)
+    {
+        const bool accepts = m_random.bounded(2) == 0;
+        say(accepts ? u"accept a file"_s : u"take no file"_s);
+        files->done(accepts ? QDialog::Accepted : QDialog::Rejected);
+    }
+
     void press(QWidget *window)
     {
         auto *button = any(usable<QAbstractButton>(window));
@@ -103,7 +122,9 @@ private:
     void choose(QWidget *window)
     {
         QList<QAction *> actions = window->findChildren<QAction *>();
-        actions.removeIf([](QAction *action) { return !action->isEnabled() || action->isSeparator(); });
+        actions.removeIf([](QAction *action) {
+            return !action->isEnabled() || action->isSeparator() || isOfFiles(action);
+        });
         QAction *action = any(actions);
         if (!action || action->menu() || endsTheUse(action->text()))
             return;
@@ -119,6 +140,9 @@ private:
             Qt::Key_A,    Qt::Key_Return, Qt::Key_Space,  Qt::Key_Escape, Qt::Key_Tab, Qt::Key_Backspace,
             Qt::Key_Left, Qt::Key_Down,   Qt::Key_Delete, Qt::Key_Home,   Qt::Key_End, Qt::Key_PageDown};
         QWidget *focus = window->focusWidget() ? window->focusWidget() : window;
+        const auto *line = qobject_cast<QLineEdit *>(focus);
+        if (isOfFiles(focus) || (line && line->text().contains(u'/')))
+            return; // a path might lead anywhere then
         const Qt::Key key = keys[m_random.bounded(keys.size())];
         const auto modifiers = m_random.bounded(4) == 0 ? Qt::ControlModifier : Qt::NoModifier;
         say(u"type %1 into %2"_s.arg(key).arg(QLatin1StringView(focus->metaObject()->className())));
@@ -165,7 +189,9 @@ private:
     template <class Widget> QList<Widget *> usable(QWidget *window) const
     {
         QList<Widget *> found = window->findChildren<Widget *>();
-        found.removeIf([](Widget *widget) { return !widget->isVisible() || !widget->isEnabled(); });
+        found.removeIf([](Widget *widget) {
+            return !widget->isVisible() || !widget->isEnabled() || isOfFiles(widget);
+        });
         return found;
     }
 
@@ -191,6 +217,8 @@ int main(int argc, char *argv[])
     const QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     QDir().mkpath(QStandardPaths::writableLocation(QStandardPaths::DownloadLocation));
+    QDir::setCurrent(QDir::homePath());
+    qputenv("CUPS_SERVER", "/nowhere");
     const auto seed = quint32(argc > 1 ? std::atoi(argv[1]) : 1);
     int done = 0;
     {
