@@ -103,11 +103,18 @@ private:
         }
     }
 
-    void answer(QDialog *files)
+    // What is there already, or isn't, makes it ask a question of its own.
+    void answer(QFileDialog *files)
     {
-        const bool accepts = m_random.bounded(2) == 0;
-        say(accepts ? u"accept a file"_s : u"take no file"_s);
-        files->done(accepts ? QDialog::Accepted : QDialog::Rejected);
+        static const QStringList names{u"a.txt"_s, u"gone.txt"_s, u"a.pdf"_s, u"new.pdf"_s};
+        if (m_random.bounded(3) == 0) {
+            say(u"take no file"_s);
+            return files->reject();
+        }
+        const QString name = names[m_random.bounded(names.size())];
+        say(u"take %1"_s.arg(name));
+        files->selectFile(QDir::home().filePath(name));
+        QMetaObject::invokeMethod(files, "accept");
     }
 
     void press(QWidget *window)
@@ -217,6 +224,12 @@ int main(int argc, char *argv[])
     const QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     QDir().mkpath(QStandardPaths::writableLocation(QStandardPaths::DownloadLocation));
+    for (const QString &name : {u"a.txt"_s, u"a.pdf"_s}) {
+        QFile file(QDir::home().filePath(name));
+        if (!file.open(QFile::WriteOnly))
+            return 1;
+        file.write("本文\n");
+    }
     QDir::setCurrent(QDir::homePath());
     qputenv("CUPS_SERVER", "/nowhere");
     const auto seed = quint32(argc > 1 ? std::atoi(argv[1]) : 1);
