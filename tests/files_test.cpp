@@ -2,9 +2,12 @@
 #include "platform/FileContent.h"
 #include "platform/FileName.h"
 #include "platform/Memory.h"
+#include "platform/Process.h"
 #include "platform/RegularFile.h"
 #include "platform/WholeFile.h"
 
+#include <QDir>
+#include <QFileInfo>
 #include <QTemporaryDir>
 
 #include <algorithm>
@@ -17,10 +20,23 @@
 #include <sys/resource.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 #include <sys/un.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+QStringList synced; // the names of what was put on disk
+}
+
+// In the place of the system's own, which it calls.
+extern "C" int fsync(int file)
+{
+    synced += QFileInfo(QFile::symLinkTarget(u"/proc/self/fd/%1"_s.arg(file))).fileName();
+    return int(::syscall(SYS_fsync, file));
+}
 
 class FilesTest : public QObject {
     Q_OBJECT
@@ -87,6 +103,61 @@ private slots:
         QVERIFY(left <= gibibyte && left >= std::min(availableMemory(), gibibyte) / 2);
     }
 
+    void aGroupHasNoMoreThanThoseThatItIsIn_data()
+    {
+        using Files = std::vector<std::pair<const char *, const char *>>;
+        constexpr qint64 mebibyte = 1 << 20;
+        const char *statistics = "anon 9\nactive_file 1048576\ninactive_file 1048576\n";
+        const char *oldStatistics = "active_file 7\ntotal_active_file 0\ntotal_inactive_file 0\n";
+        cases<Files, qint64>({
+            {"no groups at all", {}, 1024 * mebibyte},
+            {"the group that one sees as the first",
+             {{"sys/fs/cgroup/memory.max", "104857600"},
+              {"sys/fs/cgroup/memory.current", "41943040"},
+              {"sys/fs/cgroup/memory.stat", statistics}},
+             62 * mebibyte},
+            {"a limit above",
+             {{"proc/self/cgroup", "1:name=systemd:/a/b\n0::/user.slice/run.scope\n"},
+              {"sys/fs/cgroup/user.slice/memory.max", "83886080"},
+              {"sys/fs/cgroup/user.slice/memory.current", "2097152"},
+              {"sys/fs/cgroup/user.slice/memory.stat", statistics},
+              {"sys/fs/cgroup/user.slice/run.scope/memory.max", "max"},
+              {"sys/fs/cgroup/user.slice/run.scope/memory.current", "1048576"},
+              {"sys/fs/cgroup/user.slice/run.scope/memory.stat", statistics}},
+             80 * mebibyte},
+            {"where it is slowed down",
+             {{"proc/self/cgroup", "0::/run.scope\n"},
+              {"sys/fs/cgroup/run.scope/memory.max", "83886080"},
+              {"sys/fs/cgroup/run.scope/memory.high", "52428800"},
+              {"sys/fs/cgroup/run.scope/memory.current", "12582912"},
+              {"sys/fs/cgroup/run.scope/memory.stat", statistics}},
+             40 * mebibyte},
+            {"groups of the first generation",
+             {{"proc/self/cgroup", "5:cpu,cpuacct:/x\n4:memory:/jobs/one\n0::/\n"},
+              {"sys/fs/cgroup/memory/jobs/memory.limit_in_bytes", "31457280"},
+              {"sys/fs/cgroup/memory/jobs/memory.usage_in_bytes", "1048576"},
+              {"sys/fs/cgroup/memory/jobs/memory.stat", oldStatistics},
+              {"sys/fs/cgroup/memory/jobs/one/memory.limit_in_bytes", "9223372036854771712"},
+              {"sys/fs/cgroup/memory/jobs/one/memory.usage_in_bytes", "1048576"},
+              {"sys/fs/cgroup/memory/jobs/one/memory.stat", oldStatistics}},
+             29 * mebibyte},
+        });
+    }
+    void aGroupHasNoMoreThanThoseThatItIsIn()
+    {
+        const auto [files, left] = values<std::vector<std::pair<const char *, const char *>>, qint64>();
+        const QTemporaryDir root;
+        const auto put = [&root](const char *file, const char *content) {
+            const QString path = root.filePath(QString::fromLatin1(file));
+            QDir().mkpath(QFileInfo(path).path());
+            written(path, content);
+        };
+        put("proc/meminfo", "MemFree: 1 kB\nMemAvailable: 1048576 kB\n");
+        for (const auto &[file, content] : files)
+            put(file, content);
+        QCOMPARE(availableMemory(root.path().toStdString()), left);
+    }
+
     void aFileAppearsWholeOrNotAtAll()
     {
         const QDir folder(m_folder.filePath(u"whole"_s));
@@ -99,14 +170,29 @@ private slots:
         } // given up
         QCOMPARE(readRegularFile(path, 100), "old");
         QFile::link(path, folder.filePath(u"link.pdf"_s));
+        if (::geteuid() == 0) // who may give a file away
+            QCOMPARE(::chown(qPrintable(path), 12, 34), 0);
+        for (int number = 1; number <= 100; ++number) // left behind by somebody of our number
+            write(u"whole/.tarumine-%1-%2.part"_s.arg(::getpid()).arg(number), {});
         WholeFile file(folder.filePath(u"link.pdf"_s).toStdString());
         QVERIFY(file.write("new content", 11));
         QCOMPARE(readRegularFile(path, 100), "old");
+        synced.clear();
         QVERIFY(file.commit());
         QCOMPARE(readRegularFile(path, 100), "new content");
         QVERIFY(QFileInfo(folder.filePath(u"link.pdf"_s)).isSymLink());
         QCOMPARE(QFileInfo(path).permissions() & 0x077, QFile::Permissions());
-        QCOMPARE(folder.entryList(QDir::Files | QDir::Hidden).size(), 2);
+        QCOMPARE(folder.entryList(QDir::Files | QDir::Hidden).size(), 102);
+        QCOMPARE(QFileInfo(path).groupId(), ::geteuid() == 0 ? 34u : ::getegid());
+        QCOMPARE(QFileInfo(path).ownerId(), ::geteuid() == 0 ? 12u : ::geteuid());
+        QCOMPARE(synced.value(1),
+                 QFileInfo(folder.path()).fileName()); // after the file, and when it was named
+
+        QFile::link(u"later.pdf"_s, folder.filePath(u"early.pdf"_s));
+        WholeFile later(folder.filePath(u"early.pdf"_s).toStdString());
+        QVERIFY(later.write("x", 1) && later.commit());
+        QVERIFY(QFileInfo(folder.filePath(u"early.pdf"_s)).isSymLink());
+        QCOMPARE(contentOf(folder.filePath(u"later.pdf"_s)), "x");
     }
 
     void whatCannotBecomeAFileSaysWhy()
@@ -114,6 +200,8 @@ private slots:
         QCOMPARE(WholeFile(m_folder.path().toStdString()).error(), EISDIR);
         QCOMPARE(WholeFile(m_folder.filePath(u"gone/a.pdf"_s).toStdString()).error(), ENOENT);
         QCOMPARE(WholeFile("/dev/null").error(), EINVAL); // a device is never replaced
+        QFile::link(u"loop.pdf"_s, m_folder.filePath(u"loop.pdf"_s));
+        QCOMPARE(WholeFile(m_folder.filePath(u"loop.pdf"_s).toStdString()).error(), ELOOP);
         const QDir folder(m_folder.filePath(u"vanishing"_s));
         QVERIFY(folder.mkpath(u"."_s));
         WholeFile file(folder.filePath(u"a.pdf"_s).toStdString());
@@ -135,6 +223,27 @@ private slots:
         QCOMPARE(full.error(), EFBIG);
         QVERIFY(!full.write("x", 1) && !full.commit()); // once some is lost, the rest is no use
         QVERIFY(!QFile::exists(m_folder.filePath(u"full.pdf"_s)));
+    }
+
+    void theProcessEndsInTimeAlsoWithoutAThread()
+    {
+        const pid_t child = fork();
+        QVERIFY(child >= 0);
+        if (child == 0) {
+            const rlimit none{0, 0};
+            if (::setrlimit(RLIMIT_NPROC, &none) != 0 || (::geteuid() == 0 && ::setuid(65534) != 0))
+                ::_exit(1); // root may have as many as it likes
+            Process::endWithin(std::chrono::milliseconds(50), 7);
+            for (;;)
+                ::pause();
+        }
+        int status = 0;
+        const auto hasEnded = [&] { return ::waitpid(child, &status, WNOHANG) == child; };
+        const bool inTime = QTest::qWaitFor(hasEnded, 2000);
+        if (!inTime)
+            ::kill(child, SIGKILL);
+        QVERIFY(inTime && WIFEXITED(status));
+        QCOMPARE(WEXITSTATUS(status), 7);
     }
 
     void nothingButAnOrdinaryFileIsRead()

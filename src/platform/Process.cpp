@@ -3,6 +3,7 @@
 #include "platform/StandardOutput.h"
 
 #include <cstdlib>
+#include <system_error>
 #include <thread>
 
 using namespace std::chrono_literals;
@@ -15,8 +16,12 @@ void Process::end(int status)
 
 void Process::endWithin(std::chrono::milliseconds delay, int status)
 {
-    std::thread([delay, status] {
-        std::this_thread::sleep_for(delay);
-        end(status);
-    }).detach();
+    try {
+        std::thread([delay, status] {
+            std::this_thread::sleep_for(delay);
+            end(status);
+        }).detach();
+    } catch (const std::system_error &) {
+        endBySignal(delay, status);
+    }
 }

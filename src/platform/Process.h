@@ -15,7 +15,11 @@ void begin();
 /// whatever other threads are doing, and without the clean-up of a library that might wait for them.
 [[noreturn]] void end(int status);
 
-/// Ends the process like that after `delay`, should it not have ended before.
+/// Ends the process like that after `delay`, should it not have ended before; without writing anything out
+/// when the system has no thread for that.
 void endWithin(std::chrono::milliseconds delay, int status);
+
+/// Ends the process after `delay`, whatever it is doing.
+void endBySignal(std::chrono::milliseconds delay, int status);
 
 } // namespace Process

@@ -5,7 +5,8 @@
 #include <string_view>
 
 /// A file that appears under its name whole, or not at all: until it is committed, an older one of that
-/// name stays as it is, and whatever happens, nothing is left behind where it could be seen.
+/// name stays as it is, and whatever happens, nothing is left behind where it could be seen. It takes over
+/// whose an older one is, as far as that is allowed, and who may use it; of a link, it replaces the target.
 class WholeFile {
 public:
     /// Bytes of the file's name. What stands there and is no ordinary file is never replaced.
@@ -25,6 +26,7 @@ public:
 private:
     bool open();
     bool openBeside(const std::string &folder);
+    bool openNamed(const std::string &folder);
     bool giveName();
     bool failed();
 

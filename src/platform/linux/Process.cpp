@@ -4,6 +4,7 @@
 #include <cstdlib>
 
 #include <fcntl.h>
+#include <sys/time.h>
 #include <unistd.h>
 
 void Process::begin()
@@ -16,4 +17,14 @@ void Process::begin()
     ::close(file);
     // Whoever calls exit, as Qt does when the display goes, is not to hang there either.
     std::atexit([] { end(EXIT_FAILURE); });
+}
+
+void Process::endBySignal(std::chrono::milliseconds delay, int status)
+{
+    static volatile std::sig_atomic_t ending;
+    ending = status;
+    std::signal(SIGALRM, [](int) { ::_exit(ending); });
+    const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(delay);
+    const itimerval when{{}, {seconds.count(), std::chrono::microseconds(delay - seconds).count()}};
+    ::setitimer(ITIMER_REAL, &when, nullptr);
 }

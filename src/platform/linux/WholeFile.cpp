@@ -2,7 +2,7 @@
 
 #include <atomic>
 #include <cerrno>
-#include <cstdlib>
+#include <filesystem>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -18,20 +18,61 @@ std::string folderOf(const std::string &path)
     return slash == 0 ? "/" : path.substr(0, slash);
 }
 
-// Hidden, and not used by anybody else.
+// Hidden, and not used by anybody else unless a process of the same number has left it behind.
 std::string nameBeside(const std::string &folder)
 {
     static std::atomic<unsigned> count = 0;
     return folder + "/.tarumine-" + std::to_string(::getpid()) + "-" + std::to_string(++count) + ".part";
 }
 
-// Where the links of a name lead, so that the file behind them is the one replaced.
+// The first such name that `make` doesn't find in use.
+template <class Make> std::string freeNameBeside(const std::string &folder, Make make)
+{
+    constexpr int mostTries = 1000;
+    for (int tries = 0; tries < mostTries; ++tries) {
+        const std::string name = nameBeside(folder);
+        if (make(name.c_str()))
+            return name;
+        if (errno != EEXIST)
+            break;
+    }
+    return {};
+}
+
+// Where the links of a name lead, also to a file that isn't there yet.
 std::string resolved(const std::string &path)
 {
-    char *real = ::realpath(path.c_str(), nullptr);
-    std::string result = real ? real : path;
-    std::free(real);
+    constexpr int mostLinks = 40; // as many as the system follows
+    std::filesystem::path result = path;
+    std::error_code error;
+    for (int links = 0; links < mostLinks; ++links) {
+        const auto target = std::filesystem::read_symlink(result, error);
+        if (error)
+            break;
+        result = result.parent_path() / target;
+    }
     return result;
+}
+
+// A group that can't be kept is no other group: what it might do, everybody else may do or nobody.
+void takeOver(int file, const struct stat &about)
+{
+    mode_t mode = about.st_mode & 0777;
+    if (::fchown(file, about.st_uid, about.st_gid) != 0 && ::fchown(file, uid_t(-1), about.st_gid) != 0)
+        mode = (mode & 0707) | ((mode & 07) << 3);
+    (void)::fchmod(file, mode);
+}
+
+// So that the name, too, is safe. Not every file system can do that, and not every folder can be opened.
+bool syncFolder(const std::string &folder)
+{
+    const int file = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    const bool failed = file >= 0 && ::fsync(file) != 0 && errno != EINVAL && errno != ENOTSUP;
+    const int error = errno;
+    if (file >= 0)
+        ::close(file);
+    errno = error;
+    return !failed;
 }
 
 } // namespace
@@ -61,6 +102,8 @@ bool WholeFile::open()
 {
     struct stat about { };
     const bool exists = ::stat(m_path.c_str(), &about) == 0;
+    if (!exists && errno != ENOENT)
+        return false;
     if (exists && !S_ISREG(about.st_mode)) {
         errno = S_ISDIR(about.st_mode) ? EISDIR : EINVAL;
         return false;
@@ -70,21 +113,25 @@ bool WholeFile::open()
     if (!openBeside(folderOf(m_path)))
         return false;
     if (exists)
-        (void)::fchmod(m_file, about.st_mode & 0777);
+        takeOver(m_file, about);
     return true;
 }
+
+constexpr mode_t modeOfNew = 0666; // less what the user's mask takes away
 
 // Without any name where the file system can do that: then not even a sudden end leaves a trace.
 bool WholeFile::openBeside(const std::string &folder)
 {
-    constexpr mode_t mode = 0666;
-    m_file = ::open(folder.c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, mode);
-    if (m_file >= 0)
-        return true;
-    const std::string name = nameBeside(folder);
-    m_file = ::open(name.c_str(), O_CREAT | O_EXCL | O_RDWR | O_CLOEXEC, mode);
-    if (m_file >= 0)
-        m_beside = name;
+    m_file = ::open(folder.c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, modeOfNew);
+    return m_file >= 0 || openNamed(folder);
+}
+
+bool WholeFile::openNamed(const std::string &folder)
+{
+    m_beside = freeNameBeside(folder, [this](const char *name) {
+        m_file = ::open(name, O_CREAT | O_EXCL | O_RDWR | O_CLOEXEC, modeOfNew);
+        return m_file >= 0;
+    });
     return m_file >= 0;
 }
 
@@ -108,12 +155,11 @@ bool WholeFile::giveName()
 {
     if (!m_beside.empty())
         return true;
-    const std::string name = nameBeside(folderOf(m_path));
     const std::string own = "/proc/self/fd/" + std::to_string(m_file);
-    if (::linkat(AT_FDCWD, own.c_str(), AT_FDCWD, name.c_str(), AT_SYMLINK_FOLLOW) != 0)
-        return false;
-    m_beside = name;
-    return true;
+    m_beside = freeNameBeside(folderOf(m_path), [&own](const char *name) {
+        return ::linkat(AT_FDCWD, own.c_str(), AT_FDCWD, name, AT_SYMLINK_FOLLOW) == 0;
+    });
+    return !m_beside.empty();
 }
 
 bool WholeFile::commit()
@@ -123,5 +169,5 @@ bool WholeFile::commit()
     if (::fsync(m_file) != 0 || !giveName() || ::rename(m_beside.c_str(), m_path.c_str()) != 0)
         return failed();
     m_beside.clear();
-    return true;
+    return syncFolder(folderOf(m_path)) || failed();
 }
