@@ -2,8 +2,12 @@
 #include "app/MainWindow.h"
 #include "app/SettingsWindow.h"
 #include "app/TarumineApp.h"
+#include "view/TypedOpenPanel.h"
 
 #include <QDialog>
+#include <QDir>
+#include <QInputDialog>
+#include <QLabel>
 #include <QMenuBar>
 #include <QPushButton>
 #include <QSlider>
@@ -103,6 +107,32 @@ private slots:
         QVERIFY(!settingsWindow()->isVisible());
     }
 
+    void theFilesPlaceIsTypedWhereAFolderDoesNotAnswer_data()
+    {
+        const QString home = QDir::homePath();
+        cases<QString, QString>({
+            {"a path", u"/mnt/a.txt"_s, u"/mnt/a.txt"_s},
+            {"in the home folder", u"~/b/../a.TXT"_s, home + u"/a.TXT"_s},
+            {"as seen from there", u"a.txt"_s, home + u"/a.txt"_s},
+            {"another type", u"/mnt/a.rtf"_s, {}},
+            {"nothing", {}, {}},
+        });
+    }
+    void theFilesPlaceIsTypedWhereAFolderDoesNotAnswer()
+    {
+        const auto [typed, path] = values<QString, QString>();
+        QWidget window;
+        TypedOpenPanel panel({u"/mnt/<b>"_s}, &window);
+        panel.setAllowedFileTypes({u"txt"_s});
+        std::optional<QUrl> url;
+        panel.runModal([&](ModalResponse) { url = panel.url(); });
+        auto *dialog = window.findChild<QInputDialog *>();
+        QCOMPARE(dialog->findChild<QLabel *>()->textFormat(), Qt::PlainText);
+        dialog->setTextValue(typed);
+        dialog->accept();
+        QCOMPARE(url.value_or(QUrl()).toLocalFile(), path);
+    }
+
     void aWindowCanBeClosedUnderAnOpenDialog()
     {
         const std::vector<std::function<void(MainWindow &)>> ways{
@@ -115,8 +145,8 @@ private slots:
             app.newWindow();
             MainWindow &window = *app.windows().front();
             openDialog(window);
+            QTRY_COMPARE(window.findChildren<QDialog *>().size(), 1);
             const auto dialogs = window.findChildren<QDialog *>();
-            QCOMPARE(dialogs.size(), 1);
             QCOMPARE(dialogs.first()->windowModality(), Qt::WindowModal);
             const QPointer<QDialog> dialog = dialogs.first();
             window.close();

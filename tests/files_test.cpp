@@ -2,6 +2,7 @@
 #include "platform/FileContent.h"
 #include "platform/FileName.h"
 #include "platform/Memory.h"
+#include "platform/Mounts.h"
 #include "platform/Process.h"
 #include "platform/RegularFile.h"
 #include "platform/WholeFile.h"
@@ -223,6 +224,19 @@ private slots:
         QCOMPARE(full.error(), EFBIG);
         QVERIFY(!full.write("x", 1) && !full.commit()); // once some is lost, the rest is no use
         QVERIFY(!QFile::exists(m_folder.filePath(u"full.pdf"_s)));
+    }
+
+    void whoMayNotAnswerStandsInTheListOfMounts()
+    {
+        const QString list =
+            write(u"mountinfo"_s,
+                  "21 1 8:1 / / rw - ext4 /dev/sda rw\n"
+                  "36 21 0:52 / /mnt/the\\040nas rw,relatime shared:1 master:2 - nfs4 nas:/ rw\n"
+                  "37 21 0:53 / /home/fuse rw - tmpfs tmpfs rw\n"
+                  "38 21 0:54 / /run/gvfs rw - fuse.gvfsd-fuse gvfsd rw\n"
+                  "broken\n");
+        QCOMPARE(Mounts::remote(list.toStdString()),
+                 std::vector<std::string>({"/mnt/the nas", "/run/gvfs"}));
     }
 
     void theProcessEndsInTimeAlsoWithoutAThread()

@@ -298,6 +298,7 @@ private slots:
             ended = true;
             url = response == ModalResponse::OK ? panel->url() : std::nullopt;
         });
+        QTRY_VERIFY(window.findChild<QFileDialog *>());
         auto *dialog = window.findChild<QFileDialog *>();
         QCOMPARE(dialog->windowModality(), Qt::WindowModal);
         dialog->setDirectory(m_folder.path());

@@ -2,6 +2,8 @@
 
 #include "platform/Background.h"
 
+#include <QCoreApplication>
+#include <QPointer>
 #include <QTimer>
 
 #include <chrono>
@@ -32,14 +34,17 @@ public:
             *isSilent = true;
             done(Answer());
         });
-        const auto take = [isWaiting, isSilent = m_isSilent, done,
+        // That somebody answers at last is worth knowing also when who asked is gone.
+        const auto take = [isWaiting, isSilent = m_isSilent, asker = QPointer<QObject>(context), done,
                            late = std::move(late)](const Answer &answer) {
-            if (std::exchange(*isWaiting, false))
-                return done(answer);
             *isSilent = false;
-            late(answer);
+            const bool isInTime = std::exchange(*isWaiting, false);
+            if (asker && isInTime)
+                done(answer);
+            else if (asker)
+                late(answer);
         };
-        inBackground(context, std::move(work), take, Workers::waiting());
+        inBackground(QCoreApplication::instance(), std::move(work), take, Workers::waiting());
     }
 
 private:

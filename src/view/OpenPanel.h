@@ -31,6 +31,7 @@ public:
 
 protected:
     bool allows(const QString &path) const;
+    bool allowsName(const QString &path) const; ///< of a file; without a look at what stands there
 
     QStringList m_allowedFileTypes;
     bool m_allowsMultipleSelection = false;
@@ -38,5 +39,6 @@ protected:
     bool m_canChooseFiles = true;
 };
 
-/// The desktop's own panel where it has one, else Qt's.
+/// The desktop's own panel where it has one, else Qt's. These look at folders while the window waits; as
+/// long as one of those doesn't answer, the place of the file is typed instead.
 OpenPanel *newOpenPanel(QWidget *window);
