@@ -50,7 +50,7 @@ public:
         m_beat.start(1);
     }
 
-    bool isLoaded() const { return m_changed && m_edit->document()->isUndoRedoEnabled(); }
+    bool isLoaded() const { return hasChanged() && m_edit->document()->isUndoRedoEnabled(); }
 
     // Milliseconds until the edit has been painted with another text, or whatever else is awaited.
     struct Result {
@@ -84,7 +84,7 @@ public:
 
     bool eventFilter(QObject *, QEvent *event) override
     {
-        if (event->type() == QEvent::Paint && m_changed && !m_painted) {
+        if (event->type() == QEvent::Paint && hasChanged() && !m_painted) {
             m_painted = true;
             // Behind the painting that is about to happen.
             QMetaObject::invokeMethod(
@@ -104,10 +104,14 @@ private:
         ++m_round;
         m_result = {};
         m_painted = m_changed = false;
+        m_document = m_edit->document();
         m_quietBeats = 0;
         m_last = 0;
         m_clock.start();
     }
+
+    // A text that is assigned comes with a document of its own.
+    bool hasChanged() const { return m_changed || m_edit->document() != m_document; }
 
     double now() const { return double(m_clock.nsecsElapsed()) / 1e6; }
 
@@ -117,7 +121,7 @@ private:
         const bool late = at - m_last > 4;
         m_result.longest = std::max(m_result.longest, at - m_last - 1);
         m_last = at;
-        const bool refused = !m_changed && Workers::waiting().isIdle();
+        const bool refused = !hasChanged() && Workers::waiting().isIdle();
         const bool done = m_result.painted > 0 && isLoaded();
         if (!refused && (late || !done)) {
             m_quietBeats = 0;
@@ -128,6 +132,7 @@ private:
     }
 
     QPlainTextEdit *m_edit;
+    const QTextDocument *m_document = nullptr; // at the beginning
     QTimer m_beat;
     QElapsedTimer m_clock;
     Result m_result;

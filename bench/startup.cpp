@@ -15,13 +15,14 @@
 #include <filesystem>
 #include <fstream>
 #include <functional>
-#include <memory>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
 #include <fcntl.h>
 #include <poll.h>
 #include <signal.h>
+#include <sys/prctl.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -38,41 +39,107 @@ struct Sample {
 
 [[noreturn]] void fail(const char *what)
 {
-    std::fprintf(stderr, "startup: %s\n", what);
-    std::exit(2);
+    throw std::runtime_error(what);
 }
 
-// A display of our own, so that nothing else paints there.
+// A child that gets this signal when we end, in whatever way.
+pid_t forkEndingWith(int signal)
+{
+    const pid_t parent = getpid();
+    const pid_t child = fork();
+    if (child < 0)
+        fail("no new process");
+    if (child == 0 && (prctl(PR_SET_PDEATHSIG, signal) != 0 || getppid() != parent))
+        _exit(127);
+    return child;
+}
+
+// Ends with its scope.
+class Child {
+public:
+    explicit Child(int signal)
+        : m_signal(signal)
+        , m_id(forkEndingWith(signal))
+    {
+    }
+    ~Child() { end(); }
+    Child(const Child &) = delete;
+    Child &operator=(const Child &) = delete;
+
+    bool isHere() const { return m_id == 0; }
+    pid_t id() const { return m_id; }
+
+    // And returns what it has used.
+    rusage end()
+    {
+        rusage used{};
+        if (m_id > 0) {
+            kill(m_id, m_signal);
+            wait4(m_id, nullptr, 0, &used);
+        }
+        m_id = -1;
+        return used;
+    }
+
+private:
+    int m_signal;
+    pid_t m_id;
+};
+
+// A display of our own, so that nothing else paints there. It goes on when the last window is gone.
 class VirtualDisplay {
 public:
     VirtualDisplay()
     {
-        int ends[2];
-        if (pipe(ends) != 0)
-            fail("no pipe");
-        m_server = fork();
-        if (m_server == 0) {
-            close(ends[0]);
+        const auto [reader, writer] = m_answer;
+        if (m_server.isHere()) {
+            close(reader);
             const int quiet = open("/dev/null", O_WRONLY);
             dup2(quiet, 2);
-            const std::string where = std::to_string(ends[1]);
-            execlp("Xvfb", "Xvfb", "-displayfd", where.c_str(), "-screen", "0", "1400x900x24", nullptr);
+            const std::string where = std::to_string(writer);
+            execlp("Xvfb", "Xvfb", "-displayfd", where.c_str(), "-screen", "0", "1400x900x24", "-noreset",
+                   nullptr);
             _exit(127);
         }
-        close(ends[1]);
+        close(writer);
         char number[16] = {};
-        if (read(ends[0], number, sizeof number - 1) <= 0)
+        const bool answered = read(reader, number, sizeof number - 1) > 0;
+        close(reader);
+        if (!answered)
             fail("Xvfb doesn't start");
         setenv("DISPLAY", std::string(":").append(std::to_string(std::atoi(number))).c_str(), 1);
     }
-    ~VirtualDisplay()
-    {
-        kill(m_server, SIGTERM);
-        waitpid(m_server, nullptr, 0);
-    }
 
 private:
-    pid_t m_server;
+    static std::array<int, 2> newPipe()
+    {
+        std::array<int, 2> ends{};
+        if (pipe(ends.data()) != 0)
+            fail("no pipe");
+        return ends;
+    }
+
+    std::array<int, 2> m_answer = newPipe();
+    Child m_server{SIGTERM};
+};
+
+// Nobody's preferences.
+class TemporaryHome {
+public:
+    TemporaryHome()
+    {
+        if (!mkdtemp(m_path))
+            fail("no temporary folder");
+        for (const char *name :
+             {"HOME", "XDG_CONFIG_HOME", "XDG_CACHE_HOME", "XDG_DATA_HOME", "XDG_RUNTIME_DIR"})
+            setenv(name, m_path, 1);
+    }
+    ~TemporaryHome() { std::filesystem::remove_all(m_path); }
+    TemporaryHome(const TemporaryHome &) = delete;
+    TemporaryHome &operator=(const TemporaryHome &) = delete;
+
+private:
+    char m_path[32] = "/tmp/startup-XXXXXX";
 };
 
 class Watcher {
@@ -150,8 +217,8 @@ Sample run(const std::string &program)
 {
     Watcher watcher;
     const auto start = Clock::now();
-    const pid_t process = fork();
-    if (process == 0) {
+    Child process(SIGKILL);
+    if (process.isHere()) {
         execl(program.c_str(), program.c_str(), nullptr);
         _exit(127);
     }
@@ -160,10 +227,8 @@ Sample run(const std::string &program)
     Sample sample;
     sample.painted = std::chrono::duration<double, std::milli>(Clock::now() - start).count();
     usleep(700'000); // until it is idle
-    sample.dirty = dirtyKib(process);
-    kill(process, SIGKILL);
-    rusage used{};
-    wait4(process, nullptr, 0, &used);
+    sample.dirty = dirtyKib(process.id());
+    const rusage used = process.end();
     const auto milliseconds = [](const timeval &time) { return time.tv_sec * 1e3 + time.tv_usec / 1e3; };
     sample.cpu = milliseconds(used.ru_utime) + milliseconds(used.ru_stime);
     return sample;
@@ -191,6 +256,22 @@ void report(const char *name, const char *unit, const std::vector<Sample> &ours,
     std::printf("%-28s %9.1f %9.1f %-4s ratio %.2f (bar %.2f)\n", name, a, b, unit, a / b, bar);
 }
 
+void compare(const std::string &program, const std::string &bare, int runs)
+{
+    const TemporaryHome home;
+    const VirtualDisplay display;
+    std::vector<Sample> ours, floor;
+    run(bare), run(program); // warm the caches
+    for (int i = 0; i < runs; ++i) {
+        floor.push_back(run(bare));
+        ours.push_back(run(program));
+    }
+    std::printf("%-28s %9s %9s\n", "median of alternating runs", "tarumine", "bare");
+    report("painted after", "ms", ours, floor, &Sample::painted, 1.3);
+    report("CPU until idle", "ms", ours, floor, &Sample::cpu, 1.3);
+    report("private dirty memory", "KiB", ours, floor, &Sample::dirty, 1.4);
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
@@ -199,26 +280,11 @@ int main(int argc, char *argv[])
     const int runs = argc > 1 ? std::max(1, std::atoi(argv[1])) : 15;
     const std::string program = argc > 3 ? argv[2] : (here.parent_path() / "tarumine").string();
     const std::string bare = argc > 3 ? argv[3] : (here / "bare_window").string();
-
-    char home[] = "/tmp/startup-XXXXXX"; // nobody's preferences
-    if (!mkdtemp(home))
-        fail("no temporary folder");
-    for (const char *name :
-         {"HOME", "XDG_CONFIG_HOME", "XDG_CACHE_HOME", "XDG_DATA_HOME", "XDG_RUNTIME_DIR"})
-        setenv(name, home, 1);
-    {
-        const VirtualDisplay display;
-        std::vector<Sample> ours, floor;
-        run(bare), run(program); // warm the caches
-        for (int i = 0; i < runs; ++i) {
-            floor.push_back(run(bare));
-            ours.push_back(run(program));
-        }
-        std::printf("%-28s %9s %9s\n", "median of alternating runs", "tarumine", "bare");
-        report("painted after", "ms", ours, floor, &Sample::painted, 1.3);
-        report("CPU until idle", "ms", ours, floor, &Sample::cpu, 1.3);
-        report("private dirty memory", "KiB", ours, floor, &Sample::dirty, 1.4);
+    try {
+        compare(program, bare, runs);
+        return 0;
+    } catch (const std::exception &error) {
+        std::fprintf(stderr, "startup: %s\n", error.what());
+        return 2;
     }
-    std::filesystem::remove_all(home);
-    return 0;
 }

@@ -8,7 +8,7 @@ configure_file(debian/copyright.in ${made}/doc/copyright @ONLY)
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME tarumine)
-set(CPACK_PACKAGE_CONTACT "Tarumine contributors <tarumine@users.noreply.github.com>")
+set(CPACK_PACKAGE_CONTACT "${maintainer}")
 set(CPACK_PACKAGE_HOMEPAGE_URL ${TARUMINE_HELP_SITE})
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "personal workbench to read texts at the size one likes")
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION

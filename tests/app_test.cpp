@@ -2,7 +2,7 @@
 #include "app/MainWindow.h"
 #include "app/SettingsWindow.h"
 #include "app/TarumineApp.h"
-#include "platform/TypedOpenPanel.h"
+#include "view/TypedOpenPanel.h"
 
 #include <QDialog>
 #include <QDir>
@@ -151,7 +151,7 @@ private slots:
             const QPointer<QDialog> dialog = dialogs.first();
             window.close();
             QTRY_COMPARE(app.windows().size(), size_t(1));
-            QVERIFY(!dialog);
+            QTRY_VERIFY(!dialog);
             QCoreApplication::processEvents();
         }
     }

@@ -1,5 +1,6 @@
 #include "Testing.h"
 #include "main_window/ContentView.h"
+#include "platform/Background.h"
 #include "reading/OpeningMessage.h"
 #include "reading/TextPane.h"
 #include "view/Frame.h"
@@ -7,6 +8,7 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QMenu>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QSemaphore>
 #include <QSlider>
@@ -179,7 +181,9 @@ private slots:
         const std::unique_ptr<Frame> view(content.body());
         view->show();
         view->findChild<TextPane *>()->insertPlainText(u"打ったばかり。"_s);
-        titled(u"簡易PDF"_s, view->findChildren<QPushButton *>())->click();
+        auto *button = titled(u"簡易PDF"_s, view->findChildren<QPushButton *>());
+        button->click();
+        button->click();                        // before there is a dialog
         view->findChild<TextPane *>()->clear(); // too late to count
         QTRY_COMPARE(m_printed.size(), 1);
         const ScriptedPrintOperation &printed = *m_printed.first();
@@ -198,11 +202,27 @@ private slots:
         const PrintInfo &shared = PrintInfo::sharedPrintInfo(); // is as it was
         QVERIFY(shared.topMargin != 20 && shared.jobDisposition == PrintInfo::JobDisposition::Spool);
 
-        m_surroundings.downloads = m_folder.filePath(u"gone"_s);
-        content.savePDF(u"a"_s);
+        button->click(); // while the dialog is there
         QTRY_VERIFY(Workers::waiting().isIdle());
         QCoreApplication::processEvents();
         QCOMPARE(m_printed.size(), 1);
+        delete m_printed.takeFirst();
+        button->click();
+        QTRY_COMPARE(m_printed.size(), 1);
+    }
+
+    void withoutDownloadsNothingIsPrintedAndThePersonIsTold()
+    {
+        Surroundings elsewhere = m_surroundings;
+        elsewhere.downloads = m_folder.filePath(u"gone"_s);
+        m_printed.clear();
+        ContentView content(elsewhere);
+        const std::unique_ptr<Frame> view(content.body());
+        view->show();
+        content.savePDF(u"a"_s);
+        QTRY_COMPARE(view->findChildren<QMessageBox *>().size(), 1);
+        QVERIFY(view->findChild<QMessageBox *>()->informativeText().contains(u"ダウンロード"_s));
+        QVERIFY(m_printed.isEmpty());
     }
 
     void theEditMenuActsOnTheText()

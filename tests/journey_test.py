@@ -35,6 +35,20 @@ def run(*command):
     return subprocess.run(command, check=True, capture_output=True, text=True).stdout
 
 
+def started(*command, **how):
+    """A process that doesn't outlive this one, however this one ends."""
+    return subprocess.Popen(["setpriv", "--pdeathsig", "TERM", "--", *command], stderr=subprocess.DEVNULL, **how)
+
+
+def answered(*command):
+    """What a server that is started says of itself at the descriptor that is added to its command."""
+    reader, writer = os.pipe()
+    started(*command, str(writer), pass_fds=[writer])
+    os.close(writer)
+    with open(reader, encoding="utf-8") as answer:
+        return answer.readline().strip()
+
+
 def window(title="Tarumine"):
     def shown_window():
         return run("xdotool", "search", "--onlyvisible", "--name", f"^{title}$").split()[-1]
@@ -56,8 +70,7 @@ def nodes(root):
 class Journey(unittest.TestCase):
     def setUp(self):
         alone = {**os.environ, "XDG_DATA_DIRS": str(WORK / "share")}  # whatever is installed here
-        self.program = subprocess.Popen([PROGRAM], env=alone, stdout=subprocess.PIPE,
-                                        stderr=subprocess.DEVNULL)
+        self.program = started(PROGRAM, env=alone, stdout=subprocess.PIPE)
         self.window = window()
         run("xdotool", "windowfocus", "--sync", self.window)
         self.app = wait_for(self.application)
@@ -292,25 +305,20 @@ class Journey(unittest.TestCase):
 
 
 def on_own_display():
-    """Starts this script again inside its own display, window manager and buses."""
-    number, writer = os.pipe()
-    server = subprocess.Popen(["Xvfb", "-displayfd", str(writer), "-screen", "0", "1600x1000x24"],
-                              pass_fds=[writer], stderr=subprocess.DEVNULL)
-    os.close(writer)
-    os.environ["DISPLAY"] = ":" + os.read(number, 16).decode().strip()
-    os.environ.update(QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", TARUMINE_JOURNEY="1")
-    for unwanted in ("QT_QPA_PLATFORM", "XDG_DATA_DIRS"):  # the buses look for their services in the latter
+    """From here on there is a display, a window manager and a bus for this script alone, until it ends."""
+    for unwanted in ("QT_QPA_PLATFORM", "XDG_DATA_DIRS"):  # the bus looks for its services in the latter
         os.environ.pop(unwanted, None)
-    manager = subprocess.Popen(["openbox"], stderr=subprocess.DEVNULL)
-    try:
-        return subprocess.call(["dbus-run-session", "--", sys.executable] + sys.argv)
-    finally:
-        manager.kill()
-        server.kill()
+    os.environ["DISPLAY"] = ":" + answered("Xvfb", "-screen", "0", "1600x1000x24", "-displayfd")
+    os.environ["DBUS_SESSION_BUS_ADDRESS"] = answered("dbus-daemon", "--session", "--nofork", "--print-address")
+    os.environ["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"] = "1"
+    started("openbox")
+
+    def managed_windows():
+        return run("xdotool", "get_num_desktops")  # which a window manager answers, once there is one
+    wait_for(managed_windows)
 
 
 if __name__ == "__main__":
-    if "TARUMINE_JOURNEY" not in os.environ:
-        sys.exit(on_own_display())
+    on_own_display()
     import pyatspi
     unittest.main(argv=sys.argv[:1] + sys.argv[2:], verbosity=2)

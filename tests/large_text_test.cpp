@@ -6,6 +6,7 @@
 #include <QAbstractTextDocumentLayout>
 #include <QAccessible>
 #include <QMimeData>
+#include <QRandomGenerator>
 #include <QSignalSpy>
 #include <QTextBlock>
 #include <QTextLayout>
@@ -211,6 +212,32 @@ private slots:
         QVERIFY(m_text.document().isUndoAvailable());
         pane.undo();
         QCOMPARE(m_text.value(), longLine(9000) + u"\n次の行"_s);
+    }
+
+    // Whatever is edited wherever, and taken back.
+    void offsetsCountCharactersAndNoSeams()
+    {
+        enter((longLine(5000) + u"\n短い行\n"_s).repeated(40));
+        PiecedDocument &document = m_text.document();
+        QVERIFY(document.blockCount() > 300);
+        QRandomGenerator random(7);
+        QTextCursor cursor(&document);
+        for (int round = 0; round < 120; ++round) {
+            const int position = random.bounded(document.characterCount());
+            const auto before = document.text(0, position).size();
+            QCOMPARE(document.offsetOf(position), before);
+            const int back = document.positionOf(int(before));
+            QCOMPARE(back, document.acrossSeamBackward(position));
+            cursor.setPosition(random.bounded(document.characterCount()));
+            cursor.movePosition(QTextCursor::NextCharacter, QTextCursor::KeepAnchor,
+                                round % 3 == 0 ? random.bounded(3000) : 1);
+            if (round % 7 == 0)
+                document.undo();
+            else if (round % 5 == 0)
+                document.insert(cursor, longLine(2500));
+            else
+                document.insertLineEnd(cursor);
+        }
     }
 
     void noSeamIsInsideACharacter()

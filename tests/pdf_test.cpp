@@ -1,6 +1,8 @@
 #include "Testing.h"
+#include "pdf/PngPixels.h"
 #include "pdf/TextPdf.h"
 
+#include <QBuffer>
 #include <QColor>
 #include <QImage>
 #include <QProcess>
@@ -63,6 +65,24 @@ class PdfTest : public QObject {
         return all;
     }
 
+    static QByteArray png(const QImage &image)
+    {
+        QBuffer file;
+        image.save(&file, "PNG");
+        return file.data();
+    }
+
+    // Of many colours, half of them seen through.
+    static QImage gradient(QImage::Format format)
+    {
+        QImage image(9, 7, QImage::Format_RGBA8888);
+        for (int y = 0; y < 7; ++y) {
+            for (int x = 0; x < 9; ++x)
+                image.setPixelColor(x, y, QColor(x * 28, y * 36, 200 - x * y, 255 - (x % 2) * y * 30));
+        }
+        return image.convertToFormat(format);
+    }
+
     static QString prose()
     {
         QString text;
@@ -121,6 +141,54 @@ private slots:
             }
             QVERIFY2(coloured > 3, qPrintable(text));
         }
+    }
+
+    void picturesKeepTheirPixels_data()
+    {
+        cases<QImage::Format>({
+            {"colours", QImage::Format_RGB888},
+            {"colours, seen through", QImage::Format_RGBA8888},
+            {"more colours, seen through", QImage::Format_RGBA64},
+            {"a palette, seen through", QImage::Format_Indexed8},
+            {"greys", QImage::Format_Grayscale8},
+            {"black and white", QImage::Format_Mono},
+        });
+    }
+    void picturesKeepTheirPixels()
+    {
+        const auto [format] = values<QImage::Format>();
+        const QImage image = gradient(format);
+        const auto pixels = pngPixels(png(image).toStdString());
+        QVERIFY(pixels);
+        QCOMPARE(pixels->hasOpacity, image.hasAlphaChannel());
+        const QImage read(pixels->bytes.data(), pixels->width, pixels->height, QImage::Format_RGBA8888);
+        QCOMPARE(read, image.convertToFormat(QImage::Format_RGBA8888));
+    }
+
+    void aPictureThatIsDamagedOrHugeIsNone_data()
+    {
+        const QByteArray whole = png(gradient(QImage::Format_RGBA8888));
+        const auto claiming = [&](const char *size) { // what the header says of a picture of gigabytes
+            return QByteArray::fromHex(QByteArray("89504e470d0a1a0a0000000d49484452") + size)
+                + whole.mid(33);
+        };
+        QByteArray wrong = whole;
+        wrong[wrong.size() / 2] = char(~wrong[wrong.size() / 2]);
+        cases<QByteArray>({
+            {"nothing", {}},
+            {"no picture", "<svg/>"},
+            {"a header alone", whole.left(33)},
+            {"half of its pixels", whole.left(whole.size() / 2)},
+            {"a wrong byte", wrong},
+            {"30,000 by 30,000 in its header", claiming("000075300000753008060000006627f8ba")},
+            {"a million by a million", claiming("000f4240000f424008060000005c6d387d")},
+            {"100 MB of white", png(QImage(5000, 5000, QImage::Format_Mono))},
+        });
+    }
+    void aPictureThatIsDamagedOrHugeIsNone()
+    {
+        const auto [bytes] = values<QByteArray>();
+        QVERIFY(!pngPixels(bytes.toStdString()));
     }
 
     void whatIsNoCharacterHarmsNothing()

@@ -1,6 +1,9 @@
+#include "printing/PrintServer.h"
 #include "printing/PrintWork.h"
 
+#include <QElapsedTimer>
 #include <QFile>
+#include <QPrintDialog>
 #include <QPrinter>
 #include <QTemporaryDir>
 #include <QTest>
@@ -39,6 +42,7 @@ public:
             m_thread.join();
     }
 
+    std::atomic<bool> isMute = false;    // takes what it is told and says nothing
     ipp_status_t answer = IPP_STATUS_OK; // to a new job
     std::function<void()> onDocument = [] {};
     std::map<ipp_op_t, std::map<std::string, std::string>> asked;
@@ -55,7 +59,7 @@ private:
                 watched.push_back({httpGetFd(client), POLLIN, 0});
             ::poll(watched.data(), watched.size(), 20);
             for (std::size_t i = watched.size() - 1; i > 0; --i) {
-                if (watched[i].revents && !serveRequest(clients[i - 1])) {
+                if (!isMute && watched[i].revents && !serveRequest(clients[i - 1])) {
                     httpClose(clients[i - 1]);
                     clients.erase(clients.begin() + std::ptrdiff_t(i - 1));
                 }
@@ -98,6 +102,8 @@ private:
         }
         if (operation == IPP_OP_SEND_DOCUMENT && !takeDocument(http))
             return false;
+        if (isMute)
+            return true;
         const std::unique_ptr<ipp_t, decltype(&ippDelete)> response(ippNewResponse(request), ippDelete);
         ippSetStatusCode(response.get(), operation == IPP_OP_CREATE_JOB ? answer : IPP_STATUS_OK);
         if (operation == IPP_OP_CREATE_JOB)
@@ -236,6 +242,42 @@ private slots:
         QVERIFY(!outcome.reason.isEmpty());
     }
 
+    void aPrintSystemThatNeverAnswersIsLeftAlone()
+    {
+        QVERIFY(!PrintServer::answers()); // nobody is there
+        PrintSystem system(m_socket);
+        QVERIFY(PrintServer::answers());
+        system.isMute = true;
+        QElapsedTimer time;
+        time.start();
+        QVERIFY(!PrintServer::answers());
+        PrintServer::leaveAlone(true);
+        QPrintDialog(std::make_unique<QPrinter>().get());
+        QVERIFY(time.elapsed() < 2000);
+        PrintServer::leaveAlone(false);
+        cupsSetServer(qPrintable(m_socket));
+
+        time.restart();
+        const PrintOutcome outcome = print(u"本文"_s, {}, {.queue = u"office"_s}, m_progress);
+        QVERIFY(time.elapsed() < 3000);
+        QCOMPARE(outcome.result, PdfResult::Failed);
+        QVERIFY(!outcome.reason.isEmpty());
+    }
+
+    void aPrintSystemThatFallsSilentIsWaitedForUntilTheJobIsCancelled()
+    {
+        PrintSystem system(m_socket);
+        PdfProgress progress;
+        QElapsedTimer time;
+        system.onDocument = [&] {
+            system.isMute = true;
+            time.start();
+            progress.cancelled = true;
+        };
+        QCOMPARE(print(u"本文"_s, {}, {.queue = u"office"_s}, progress).result, PdfResult::Cancelled);
+        QVERIFY(time.elapsed() < 5000);
+    }
+
     void aCancelledJobIsTakenBack()
     {
         PrintSystem system(m_socket);
@@ -259,6 +301,10 @@ private slots:
         if (QFile::exists(u"/sys/kernel"_s)) // where not even root writes
             QCOMPARE(reason(u"/sys/a.pdf"_s), u"そこに書き込むことは許可されていません。"_s);
         QVERIFY(!reason(u"/dev/null"_s).isEmpty());
+        const PrintOutcome endless = print(u"本文"_s, {.copies = 2'000'000'000},
+                                           {.file = m_folder.filePath(u"b.pdf"_s)}, m_progress);
+        QCOMPARE(endless.reason, u"メモリが足りません。"_s);
+        QVERIFY(!QFile::exists(m_folder.filePath(u"b.pdf"_s)));
         PdfProgress cancelled;
         cancelled.cancelled = true;
         const QString file = m_folder.filePath(u"a.pdf"_s);

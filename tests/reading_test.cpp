@@ -1,12 +1,13 @@
 #include "Testing.h"
 #include "document/ReadingText.h"
 #include "platform/Background.h"
-#include "platform/OpenPanel.h"
 #include "preferences/PreferenceKeys.h"
 #include "preferences/UserDefaults.h"
 #include "reading/OpeningMessage.h"
+#include "reading/Patience.h"
 #include "reading/TextLoading.h"
 #include "reading/TextPane.h"
+#include "view/OpenPanel.h"
 
 #include <QFileDialog>
 #include <QMimeData>
@@ -138,7 +139,7 @@ private slots:
 
     void aPickedFileBecomesTheText()
     {
-        QSignalSpy loaded(&m_loading, &TextLoading::loaded);
+        QSignalSpy loaded(&m_loading, &TextLoading::ended);
         const std::pair<QString, QByteArray> files[] = {
             {u"日本語 '$;&.txt"_s, "桜の樹の下には\r\n🐱"},
             {u"a.rtf"_s, "{\\rtf1\\ansi \\b bold\\b0}"}, // the source, not what it describes
@@ -175,6 +176,85 @@ private slots:
         m_text.setValue(u"動作中"_s); // put there after the file was picked
         finishReading();
         QCOMPARE(m_text.value(), u"動作中"_s);
+    }
+
+    void whatReplacedTheTextIsTakenBackInOneStep()
+    {
+        ReadingText text;
+        const State<double> size{14};
+        TextPane pane(text, size);
+        pane.resize(300, 100);
+        pane.show();
+        text.setValue(u"最初"_s);
+        QVERIFY(!text.canUndo().value()); // there was nothing before
+        QTest::keyClicks(&pane, u"ab"_s);
+        text.setValue(u"スレッド動作中"_s);
+        text.setValue(u"読み込んだ\r\n文章"_s);
+        QTest::keyClicks(&pane, u"c"_s);
+        const QStringList steps{u"最初"_s, u"ab最初"_s, u"スレッド動作中"_s, u"読み込んだ\r\n文章"_s,
+                                u"c読み込んだ\n文章"_s};
+        const auto walk = [&](int from, int to, QKeySequence::StandardKey key) {
+            for (int i = from; i != to; i += to > from ? 1 : -1) {
+                QCOMPARE(text.value().replace(u"\r\n"_s, u"\n"_s),
+                         QString(steps[i]).replace(u"\r\n"_s, u"\n"_s));
+                QTest::keySequence(&pane, key);
+            }
+        };
+        walk(4, 0, QKeySequence::Undo);
+        QVERIFY(!text.canUndo().value() && text.canRedo().value());
+        walk(0, 4, QKeySequence::Redo);
+        QVERIFY(!text.canRedo().value());
+        walk(4, 1, QKeySequence::Undo);
+        QCOMPARE(pane.textCursor().position(), 2); // where it was left
+        QTest::keyClicks(&pane, u"d"_s);
+        QCOMPARE(text.value(), u"abd最初"_s);
+        QVERIFY(!text.canRedo().value());
+    }
+
+    void whatIsTypedWhileAFileLoadsIsTypedIntoIt()
+    {
+        const State<double> size{14};
+        TextPane pane(m_text, size);
+        connect(&m_loading, &TextLoading::began, &pane, [&] { pane.patience().begin(u"…"_s); });
+        connect(&m_loading, &TextLoading::ended, &pane, [&] { pane.patience().end(); });
+        connect(&pane.patience(), &Patience::givenUp, &m_loading, &TextLoading::stop);
+        m_text.setValue(u"前"_s);
+        pick(write(u"new.txt"_s, "新しい文章"));
+        QTest::keyClicks(&pane, u"ab"_s);
+        QTest::keyClick(&pane, Qt::Key_Delete);
+        QInputMethodEvent composed;
+        composed.setCommitString(u"漢字"_s);
+        QCoreApplication::sendEvent(&pane, &composed);
+        QCOMPARE(m_text.value(), u"前"_s);
+        finishReading();
+        QCOMPARE(m_text.value(), u"ab漢字しい文章"_s);
+
+        pick(write(u"other.txt"_s, "他の文章"));
+        QTest::keyClicks(&pane, u"x"_s);
+        QTest::keyClick(&pane, Qt::Key_Escape); // and nobody waits any longer
+        QCOMPARE(m_text.value(), u"ab漢字xしい文章"_s);
+        finishReading();
+        QCOMPARE(m_text.value(), u"ab漢字xしい文章"_s);
+    }
+
+    void aLargePasteIsOneStepAndLosesNoKey()
+    {
+        ReadingText text;
+        const State<double> size{14};
+        Pane pane(text, size);
+        text.setValue(u"前中後"_s);
+        QTest::keyClick(&pane, Qt::Key_Right);
+        QTest::keyClick(&pane, Qt::Key_Right, Qt::ShiftModifier);
+        QMimeData large;
+        large.setText(u"一行の文\n"_s.repeated(400'000));
+        pane.insertFromMimeData(&large);
+        QTest::keyClicks(&pane, u"xy"_s);
+        QTRY_COMPARE(text.value().size(), large.text().size() + 4);
+        QVERIFY(text.value() == u"前"_s + large.text() + u"xy後"_s);
+        while (text.value() != u"前中後"_s && text.canUndo().value())
+            pane.undo();
+        QCOMPARE(text.value(), u"前中後"_s);
+        QCOMPARE(pane.textCursor().selectedText(), u"中"_s);
     }
 
     void aLoadWhoseWindowIsGoneEndsQuietly()
@@ -228,8 +308,7 @@ private slots:
             dialog->reject();
         QVERIFY(ended);
         QCOMPARE(url.has_value(), accepted);
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        QVERIFY(!window.findChild<QFileDialog *>());
+        QTRY_VERIFY(!window.findChild<QFileDialog *>());
     }
 };
 

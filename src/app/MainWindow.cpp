@@ -1,6 +1,7 @@
 #include "app/MainWindow.h"
 
 #include "view/Frame.h"
+#include "view/Unwinding.h"
 
 #include <QCloseEvent>
 
@@ -30,6 +31,7 @@ bool MainWindow::event(QEvent *event)
 void MainWindow::closeEvent(QCloseEvent *event)
 {
     event->accept();
+    cancelDialogs(this);
     emit closed();
 }
 

@@ -7,6 +7,7 @@
 #include "platform/ApplicationFolders.h"
 #include "platform/Process.h"
 #include "view/Notice.h"
+#include "view/Unwinding.h"
 
 #include <QApplication>
 #include <QIcon>
@@ -43,18 +44,19 @@ void TarumineApp::newWindow()
     const int number = ++m_windowsOpened;
     window->setWindowTitle(number == 1 ? u"Tarumine"_s : u"Tarumine %1"_s.arg(number));
     addMenus(*window, *this);
-    connect(window.get(), &MainWindow::closed, this, [this, closed = window.get()] {
-        // Not at once: the window is still in the middle of closing.
-        QMetaObject::invokeMethod(
-            this, [this, closed] { forget(closed); }, Qt::QueuedConnection);
-    });
+    connect(window.get(), &MainWindow::closed, this, [this, closed = window.get()] { forget(closed); });
     window->resize(window->sizeHint());
     window->show();
 }
 
 void TarumineApp::forget(MainWindow *window)
 {
-    m_windows.remove_if([window](const auto &open) { return open.get() == window; });
+    const auto found = std::find_if(m_windows.begin(), m_windows.end(),
+                                    [window](const auto &open) { return open.get() == window; });
+    if (found == m_windows.end())
+        return;
+    deleteWhenUnwound(found->release());
+    m_windows.erase(found);
 }
 
 void TarumineApp::showSettings()

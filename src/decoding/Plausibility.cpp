@@ -181,7 +181,7 @@ void makeLatinRare(Costs &costs)
         std::fill_n(costs.begin() + first, 26, latinLetter);
 }
 
-// Capitals are as common as their beginnings of sentences; a text in capitals only is found as well.
+// A capital costs a little more than its small letter, so that a text all in capitals is found, too.
 void addCapitals(Costs &costs)
 {
     for (char16_t c = 0xa0; c < 0x2000; ++c) {

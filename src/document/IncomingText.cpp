@@ -6,15 +6,21 @@
 #include "platform/Memory.h"
 
 #include <algorithm>
+#include <bit>
 #include <utility>
 
 namespace {
 
-// In bytes. On its way into the pane a text takes up to five times as much memory as its file: mapped or
-// read, decoded, and in the document.
-qint64 largestFile()
+// In bytes. A document doubles its room when it is full.
+qint64 roomInDocument(qsizetype characters)
 {
-    return std::min(LargeText::mostBytes, availableMemory() / 5);
+    return 2 * qint64(std::bit_ceil(quint64(characters)));
+}
+
+// From a text in UTF-8 to one in UTF-16; from most others in several pieces, which are put together.
+qint64 roomToDecode(qsizetype bytes, bool isUtf8)
+{
+    return qint64(bytes) * (isUtf8 ? 2 : 4);
 }
 
 std::optional<IncomingText> undecoded(const FileContent &file)
@@ -22,7 +28,7 @@ std::optional<IncomingText> undecoded(const FileContent &file)
     const QByteArrayView bytes = file.bytes();
     const auto [shape, isUtf8] = bothAtOnce([bytes] { return TextPieces::shapeOfUtf8(bytes); },
                                             [bytes] { return isPlainUtf8(bytes); });
-    if (!isUtf8)
+    if (!isUtf8 || !isThereRoomFor(roomToDecode(bytes.size(), true) + roomInDocument(bytes.size())))
         return std::nullopt;
     IncomingText incoming;
     incoming.utf8 = file;
@@ -38,14 +44,24 @@ IncomingText::IncomingText(const QString &text)
 {
 }
 
+bool IncomingText::hasRoom() const
+{
+    const qsizetype most = std::max(text.size(), utf8.bytes().size());
+    return most <= LargeText::bytes || isThereRoomFor(roomInDocument(most));
+}
+
 std::optional<IncomingText> textOfFile(const QString &path)
 {
-    auto file = FileContent::of(path, largestFile(), LargeText::bytes);
+    const qint64 largest = std::min(LargeText::mostBytes, availableMemory() / 5);
+    auto file = FileContent::of(path, largest, LargeText::bytes);
     if (!file)
         return std::nullopt;
-    if (file->bytes().size() > LargeText::bytes) {
+    const qsizetype bytes = file->bytes().size();
+    if (bytes > LargeText::bytes) {
         if (auto incoming = undecoded(*file))
             return incoming;
+        if (!isThereRoomFor(roomToDecode(bytes, false)))
+            return std::nullopt;
     }
     auto text = decodedText(file->bytes());
     file.reset();

@@ -18,6 +18,9 @@ struct IncomingText {
     explicit IncomingText(const QString &text);
 
     bool isDecoded() const { return utf8.bytes().isNull(); }
+
+    /// Whether there is memory for the document that it will be in, as far as one can tell.
+    bool hasRoom() const;
 };
 
 /// The text of an ordinary file, whole or not at all: nothing for what is no text, can't be read, or is

@@ -45,10 +45,13 @@ QString sharingABlock(QStringView lines)
 PiecedDocument::PiecedDocument()
 {
     setDocumentLayout(new QPlainTextDocumentLayout(this));
+    connect(this, &QTextDocument::contentsChange, this,
+            [this](int position, int removed, int added) { m_seams.follow(position, removed, added); });
 }
 
 void PiecedDocument::startOver(const TextPieces::Shape &shape)
 {
+    m_seams.forget();
     clear();
     m_shape = shape;
     m_hasSeams = false;
@@ -143,11 +146,13 @@ void PiecedDocument::fitSeamAfter(QTextBlock block)
         QTextCursor seam(this);
         seam.setPosition(start + block.length() - 1);
         seam.deleteChar();
+        m_seams.follow(seam.position(), 1, 0);
         const int end = lineEndFrom(seam.position());
         isFit = end < start + findBlock(start).length() - 1;
         if (isFit) {
             seam.setPosition(end);
             seam.insertBlock(QTextBlockFormat(), separator(End::Seam));
+            m_seams.follow(end, 0, 1);
         }
     }
     setUndoRedoEnabled(undoing);
@@ -177,24 +182,12 @@ QTextCursor PiecedDocument::lineAround(int position) const
 
 int PiecedDocument::offsetOf(int position) const
 {
-    int seams = 0;
-    if (m_hasSeams) {
-        for (QTextBlock block = begin().next(); block.isValid() && block.position() <= position;
-             block = block.next())
-            seams += isSeamBefore(block) ? 1 : 0;
-    }
-    return position - seams;
+    return m_hasSeams ? position - m_seams.seamsBefore(position) : position;
 }
 
 int PiecedDocument::positionOf(int offset) const
 {
-    int position = offset;
-    if (m_hasSeams) {
-        for (QTextBlock block = begin().next(); block.isValid() && block.position() <= position;
-             block = block.next())
-            position += isSeamBefore(block) ? 1 : 0;
-    }
-    return std::clamp(position, 0, characterCount() - 1);
+    return m_hasSeams ? m_seams.positionBehind(offset) : std::clamp(offset, 0, characterCount() - 1);
 }
 
 QString PiecedDocument::text(int from, int to) const

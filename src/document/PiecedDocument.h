@@ -1,5 +1,6 @@
 #pragma once
 
+#include "document/SeamIndex.h"
 #include "document/TextPieces.h"
 
 #include <QTextDocument>
@@ -30,7 +31,8 @@ public:
 
     /// Whether the block goes on with the line of the one before: between them there is no character.
     bool isSeamBefore(const QTextBlock &block) const;
-    /// The place across a seam when the position is at one side of it, else the position.
+    /// A seam has a position on either side, which are the same place in the text. These return the other
+    /// one where there is one in that direction, else `position`.
     int acrossSeamBackward(int position) const;
     int acrossSeamForward(int position) const;
 
@@ -53,4 +55,5 @@ private:
 
     TextPieces::Shape m_shape;
     bool m_hasSeams = false;
+    mutable SeamIndex m_seams{*this};
 };

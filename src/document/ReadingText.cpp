@@ -17,13 +17,18 @@ void ReadingText::addVersion()
         if (version == &shown())
             emit complete();
     });
+    // Later, when it isn't busy any more.
+    connect(
+        version, &TextVersion::failed, this, [this, version] { takeBack(version); }, Qt::QueuedConnection);
     connect(version, &TextVersion::edited, this, &ReadingText::noteEdit);
     for (const auto changed : {&QTextDocument::undoAvailable, &QTextDocument::redoAvailable})
         connect(&version->document(), changed, this, &ReadingText::updateSteps);
 }
 
-void ReadingText::assign(const IncomingText &text)
+bool ReadingText::assign(const IncomingText &text)
 {
+    if (!text.hasRoom())
+        return false;
     ++m_assignments;
     emit leaving();
     forgetLater();
@@ -36,6 +41,18 @@ void ReadingText::assign(const IncomingText &text)
     shown().start(text);
     updateSteps();
     emit assigned();
+    return true;
+}
+
+void ReadingText::takeBack(const TextVersion *failed)
+{
+    if (failed == &shown() && m_shown > 0) {
+        show(m_shown - 1);
+        forgetLater();
+        updateSteps();
+    } else if (failed == &shown()) {
+        shown().start({});
+    }
 }
 
 void ReadingText::forgetLater()

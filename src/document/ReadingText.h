@@ -20,7 +20,12 @@ public:
 
     /// Replaces the text, in one step that the user can take back.
     void setValue(const QString &text) { assign(IncomingText(text)); }
-    void assign(const IncomingText &text);
+    /// False, and nothing changes, when there is no memory for it; where that shows later, the text before
+    /// comes back.
+    bool assign(const IncomingText &text);
+
+    /// Whether all of the text is in the document.
+    bool isComplete() const { return shown().isComplete(); }
 
     /// Counts the assignments, so that slow work can tell whether its result still is the latest.
     int assignments() const { return m_assignments; }
@@ -49,6 +54,7 @@ private:
     TextVersion &shown() { return *m_versions[m_shown]; }
     const TextVersion &shown() const { return *m_versions[m_shown]; }
     void addVersion();
+    void takeBack(const TextVersion *failed);
     void forgetLater();
     void forgetOldest();
     void show(std::size_t version);

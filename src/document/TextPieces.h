@@ -24,9 +24,9 @@ public:
 
     /// Reads the whole text: for large ones, ask from another thread.
     static Shape shapeOf(QStringView text);
-    /// Without decoding it, and so without knowing whether the text is to be kept.
+    /// The same for a text that hasn't been decoded; `keepsWhole` is still unknown then.
     static Shape shapeOfUtf8(QByteArrayView bytes);
-    /// Whether the document would take long to give it back, or couldn't.
+    /// Whether a document would take long to give the text back, or couldn't give it back as it was.
     static bool isWorthKeeping(QStringView text);
 
     /// So many characters further on than the position is all that `next` looks at.

@@ -9,21 +9,24 @@
 #include <QSignalBlocker>
 #include <QTextCursor>
 
+#include <new>
+#include <optional>
 #include <utility>
 
 namespace {
 
 constexpr qint64 sliceTime = 6; // milliseconds, so that with what follows from it a frame isn't missed
 
-constexpr int slicesSeen = 16; // of so many one is followed by the scroll bar
+// The scroll bar follows one slice in so many.
+constexpr int slicesPerScroll = 16;
 
 // What has been decoded, and whether it is to be kept beside the document.
-using Decoded = std::pair<QString, bool>;
+using Decoded = std::optional<std::pair<QString, bool>>;
 
 Decoded decoded(const FileContent &utf8)
 {
     const QString text = QString::fromUtf8(utf8.bytes());
-    return {text, TextPieces::isWorthKeeping(text)};
+    return std::pair(text, TextPieces::isWorthKeeping(text));
 }
 
 void letGo(QString text)
@@ -91,6 +94,11 @@ qsizetype TextVersion::size() const
     return m_document.characterCount() - 1;
 }
 
+bool TextVersion::isComplete() const
+{
+    return std::holds_alternative<InDocument>(m_state) || std::holds_alternative<Beside>(m_state);
+}
+
 void TextVersion::setShown(bool shown)
 {
     m_isShown = shown;
@@ -102,8 +110,12 @@ void TextVersion::decodeRest(const FileContent &utf8)
     inBackground(
         this, [utf8] { return decoded(utf8); },
         [this, start = m_starts](const Decoded &rest) {
-            if (start == m_starts)
-                goOn(rest.first, rest.second);
+            if (start != m_starts)
+                return;
+            if (rest)
+                goOn(rest->first, rest->second);
+            else
+                emit failed();
         });
 }
 
@@ -136,11 +148,27 @@ bool TextVersion::hasPieces() const
 
 void TextVersion::enterSlice()
 {
+    m_isEntering = true;
+    try {
+        enterPieces();
+    } catch (const std::bad_alloc &) {
+        m_nextSlice.stop();
+        emit failed();
+        return;
+    }
+    m_isEntering = false;
+    if (std::holds_alternative<Entering>(m_state) && !hasPieces())
+        end();
+    else
+        enterNextSlices();
+}
+
+void TextVersion::enterPieces()
+{
     QElapsedTimer time;
     time.start();
-    m_isEntering = true;
-    // Off the screen nobody looks, but a scroll bar that moved would have to lay out the last lines.
-    const QSignalBlocker unseen(++m_slices % slicesSeen == 1 ? nullptr : m_document.documentLayout());
+    // What enters is off the screen, but to move the scroll bar, Qt would lay out the last lines.
+    const QSignalBlocker unseen(++m_slices % slicesPerScroll == 1 ? nullptr : m_document.documentLayout());
     QTextCursor edit(&m_document);
     edit.beginEditBlock();
     while (hasPieces()) {
@@ -149,11 +177,6 @@ void TextVersion::enterSlice()
             break;
     }
     edit.endEditBlock();
-    m_isEntering = false;
-    if (std::holds_alternative<Entering>(m_state) && !hasPieces())
-        end();
-    else
-        enterNextSlices();
 }
 
 void TextVersion::enterNextSlices()

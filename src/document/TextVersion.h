@@ -25,6 +25,8 @@ public:
 
     PiecedDocument &document() { return m_document; }
 
+    bool isComplete() const;
+
     /// Nothing was ever in it, by whomever.
     bool isUntouched() const { return !m_isTouched; }
 
@@ -40,6 +42,8 @@ public:
 signals:
     /// All of the text is in the document.
     void complete();
+    /// There is no memory for all of it; what there is of it isn't the text.
+    void failed();
     /// The user has changed something, or taken a change back.
     void edited();
 
@@ -66,6 +70,7 @@ private:
     Entering *entering();
     bool hasPieces() const;
     void enterSlice();
+    void enterPieces();
     void enterNextSlices();
     void decodeRest(const FileContent &utf8);
     void goOn(const QString &decoded, bool keepsWhole);

@@ -7,8 +7,8 @@
 #include "play/EventToolbar.h"
 #include "play/Events.h"
 #include "play/JourneyBoard.h"
-#include "printing/PdfExport.h"
 #include "reading/OpeningMessage.h"
+#include "reading/Patience.h"
 #include "reading/ReadingControls.h"
 #include "reading/TextPane.h"
 #include "simulation/Simulation.h"
@@ -22,7 +22,6 @@
 #include "view/Stacks.h"
 
 #include <QCoreApplication>
-#include <QFileInfo>
 
 namespace {
 
@@ -54,6 +53,7 @@ ContentView::ContentView(Seed seed, Surroundings &surroundings)
     , sp2(seed.sp2 ? *seed.sp2 : surroundings.defaults.integer(Key::IntKeyToggle2))
     , btnStatus(surroundings.defaults.integer(Key::CatPX5))
     , m_textLoading(text, sp1, sp2, surroundings.defaults, surroundings.newOpenPanel)
+    , m_pdfExport(surroundings.downloads, surroundings.newPrintOperation)
     , m_browserChoice(browsers, selectedBrowser, surroundings.workspace, surroundings.bundleFolders)
 {
 }
@@ -77,7 +77,7 @@ QWidget *ContentView::detailColumn()
     QWidget *picker = BrowserPicker(browsers, selectedBrowser, m_browserChoice);
     QWidget *controls = ReadingControls(fontSize, actions, picker);
     m_textPane = new TextPane(text, fontSize);
-    QObject::connect(&m_textLoading, &TextLoading::loaded, m_textPane, [this] { m_textPane->setFocus(); });
+    waitWhileLoading();
     onAppear(
         [this] {
             text.setValue(openingMessage());
@@ -92,6 +92,18 @@ QWidget *ContentView::detailColumn()
         },
         {.padded = true});
     return onAppear([this] { readHost(); }, Scrollable(column));
+}
+
+// What is typed meanwhile is meant for the text that comes.
+void ContentView::waitWhileLoading()
+{
+    QObject::connect(&m_textPane->patience(), &Patience::givenUp, &m_textLoading, &TextLoading::stop);
+    QObject::connect(&m_textLoading, &TextLoading::began, m_textPane, [this] {
+        m_textPane->setFocus();
+        m_textPane->patience().begin(QCoreApplication::translate("ContentView", "読み込んでいます…"));
+    });
+    QObject::connect(&m_textLoading, &TextLoading::ended, m_textPane,
+                     [this] { m_textPane->patience().end(); });
 }
 
 QWidget *ContentView::playArea()
@@ -116,24 +128,15 @@ void ContentView::openText()
     m_textLoading.openText(m_columns->window());
 }
 
-// What is saved is the text as it is now, also when the folder is slow to answer.
 void ContentView::savePDF(const QString &fileName)
 {
-    enum class Answer { None, Yes, No };
-    const auto isThere = [folder = m_surroundings.downloads] {
-        return QFileInfo(folder).isDir() ? Answer::Yes : Answer::No;
-    };
-    const auto save = [this, fileName, text = text.value()](Answer answer) {
-        if (answer == Answer::Yes)
-            ::savePDF(fileName, text, m_surroundings.downloads, m_surroundings.newPrintOperation,
-                      m_columns->window());
-        else if (answer == Answer::None)
-            showNotice(QMessageBox::Warning,
-                       QCoreApplication::translate("ContentView", "フォルダ「%1」が応答しません。")
-                           .arg(m_surroundings.downloads),
-                       {}, m_columns->window());
-    };
-    m_downloads.ask(m_columns, isThere, save);
+    try {
+        m_pdfExport.savePDF(fileName, text.value(), m_columns->window());
+    } catch (const std::bad_alloc &) {
+        showNotice(QMessageBox::Warning,
+                   QCoreApplication::translate("ContentView", "PDFを保存できません。"),
+                   QCoreApplication::translate("ContentView", "メモリが足りません。"), m_columns->window());
+    }
 }
 
 void ContentView::launchEdge()

@@ -3,9 +3,9 @@
 #include "browsers/BrowserChoice.h"
 #include "document/ReadingText.h"
 #include "main_window/Surroundings.h"
-#include "platform/Respondent.h"
 #include "preferences/AppStorage.h"
 #include "preferences/PreferenceKeys.h"
+#include "printing/PdfExport.h"
 #include "reading/FontSize.h"
 #include "reading/TextLoading.h"
 #include "view/State.h"
@@ -56,6 +56,7 @@ private:
     void startSimulation();
     void readHost();
     QWidget *detailColumn();
+    void waitWhileLoading();
     QWidget *playArea();
 
     Surroundings &m_surroundings;
@@ -84,8 +85,8 @@ private:
 
     // The tools that work on it.
     TextLoading m_textLoading;
+    PdfExport m_pdfExport;
     BrowserChoice m_browserChoice;
-    Respondent m_downloads; // the folder
 
     QPointer<Columns> m_columns;
     QPointer<TextPane> m_textPane;

@@ -2,10 +2,10 @@
 
 #include "platform/BundleFolders.h"
 #include "platform/Host.h"
-#include "platform/OpenPanel.h"
 #include "platform/Workspace.h"
 #include "preferences/UserDefaults.h"
 #include "printing/PrintOperation.h"
+#include "view/OpenPanel.h"
 
 #include <functional>
 

@@ -3,20 +3,20 @@
 #include "pdf/PdfImage.h"
 #include "pdf/PdfStream.h"
 
-#include <QImage>
-
 #include <hb-ot.h>
 
 namespace {
 
 constexpr int letterM = DocumentFonts::drawnPerFont;
 
-QImage read(const FontFile &file, hb_codepoint_t glyph)
+// Null where the font has no picture that can be read.
+QPDFObjectHandle picture(const FontFile &file, hb_codepoint_t glyph, const Pictures &pictures)
 {
     const HarfBuzz<hb_blob_t> blob(hb_ot_color_glyph_reference_png(file.font(), glyph));
     unsigned length = 0;
     const char *data = hb_blob_get_data(blob.get(), &length);
-    return QImage::fromData(reinterpret_cast<const uchar *>(data), int(length), "PNG");
+    const auto pixels = pngPixels({data, length});
+    return pixels ? pdfImage(pictures.document, *pixels, pictures.grey) : QPDFObjectHandle::newNull();
 }
 
 std::string number(double value)
@@ -58,7 +58,7 @@ QPDFObjectHandle drawnFont(const DocumentFonts::Font &font, Pictures &pictures)
         if (font.file->glyphs() == FontFile::Glyphs::Pictures) {
             QPDFObjectHandle &image = pictures.embedded[{font.file, glyph}];
             if (!image.isInitialized())
-                image = pdfImage(document, read(*font.file, glyph), pictures.grey);
+                image = picture(*font.file, glyph, pictures);
             if (!image.isNull()) {
                 images.replaceKey("/P" + std::to_string(glyph), image);
                 drawing = imageDrawing(*font.file, glyph);

@@ -2,13 +2,12 @@
 
 #include "pdf/PdfStream.h"
 
-#include <QImage>
-
 #include <string>
 
 namespace {
 
-QPDFObjectHandle samples(QPDF &document, const QImage &image, const char *colours, const std::string &bytes)
+QPDFObjectHandle samples(QPDF &document, const Pixels &pixels, const char *colours,
+                         const std::string &bytes)
 {
     QPDFObjectHandle stream = pdfStream(document, bytes);
     QPDFObjectHandle dictionary = stream.getDict();
@@ -16,32 +15,33 @@ QPDFObjectHandle samples(QPDF &document, const QImage &image, const char *colour
     dictionary.replaceKey("/Subtype", QPDFObjectHandle::newName("/Image"));
     dictionary.replaceKey("/ColorSpace", QPDFObjectHandle::newName(colours));
     dictionary.replaceKey("/BitsPerComponent", QPDFObjectHandle::newInteger(8));
-    dictionary.replaceKey("/Width", QPDFObjectHandle::newInteger(image.width()));
-    dictionary.replaceKey("/Height", QPDFObjectHandle::newInteger(image.height()));
+    dictionary.replaceKey("/Width", QPDFObjectHandle::newInteger(pixels.width));
+    dictionary.replaceKey("/Height", QPDFObjectHandle::newInteger(pixels.height));
     return stream;
+}
+
+// As bright as it looks.
+char greyOf(const unsigned char *pixel)
+{
+    return char((pixel[0] * 11 + pixel[1] * 16 + pixel[2] * 5) / 32);
 }
 
 } // namespace
 
-QPDFObjectHandle pdfImage(QPDF &document, const QImage &image, bool grey)
+QPDFObjectHandle pdfImage(QPDF &document, const Pixels &pixels, bool grey)
 {
-    const QImage read = image.convertToFormat(QImage::Format_RGBA8888);
-    if (read.isNull())
-        return QPDFObjectHandle::newNull();
     std::string colours;
     std::string opacity;
-    for (int y = 0; y < read.height(); ++y) {
-        const uchar *pixel = read.constScanLine(y);
-        for (int x = 0; x < read.width(); ++x, pixel += 4) {
-            if (grey)
-                colours += char(qGray(pixel[0], pixel[1], pixel[2]));
-            else
-                colours.append(reinterpret_cast<const char *>(pixel), 3);
-            opacity += char(pixel[3]);
-        }
+    for (std::size_t at = 0; at < pixels.bytes.size(); at += 4) {
+        const unsigned char *pixel = pixels.bytes.data() + at;
+        if (grey)
+            colours += greyOf(pixel);
+        else
+            colours.append(reinterpret_cast<const char *>(pixel), 3);
+        opacity += char(pixel[3]);
     }
-    QPDFObjectHandle drawn = samples(document, read, grey ? "/DeviceGray" : "/DeviceRGB", colours);
-    if (image.hasAlphaChannel())
-        drawn.getDict().replaceKey("/SMask", samples(document, read, "/DeviceGray", opacity));
+    QPDFObjectHandle drawn = samples(document, pixels, grey ? "/DeviceGray" : "/DeviceRGB", colours);
+    if (pixels.hasOpacity)
+        drawn.getDict().replaceKey("/SMask", samples(document, pixels, "/DeviceGray", opacity));
     return drawn;
 }

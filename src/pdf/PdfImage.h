@@ -1,8 +1,8 @@
 #pragma once
 
+#include "pdf/PngPixels.h"
+
 #include <qpdf/QPDF.hh>
 
-class QImage;
-
-/// Embeds an image, to be drawn into the unit square. Null for an image that is null.
-QPDFObjectHandle pdfImage(QPDF &document, const QImage &image, bool grey);
+/// Embeds an image, to be drawn into the unit square.
+QPDFObjectHandle pdfImage(QPDF &document, const Pixels &pixels, bool grey);

@@ -1,7 +1,7 @@
 #include "pdf/TextPdf.h"
 
+#include "pdf/CompressedPages.h"
 #include "pdf/FontObjects.h"
-#include "pdf/PageContents.h"
 #include "pdf/PdfFile.h"
 #include "pdf/PdfStream.h"
 #include "typesetting/Typesetter.h"
@@ -23,7 +23,7 @@ int threadsBeside()
 std::vector<std::string> contents(std::u16string_view text, const PdfSettings &settings, FontList &fonts,
                                   DocumentFonts &codes, PdfProgress &progress)
 {
-    PageContents made(threadsBeside());
+    CompressedPages made(threadsBeside());
     int number = 0;
     const auto take = [&](Page &&page, std::size_t done) {
         ++number;
@@ -41,12 +41,17 @@ std::vector<std::string> contents(std::u16string_view text, const PdfSettings &s
 
 // As often, and in the order, in which they are wanted.
 std::vector<QPDFObjectHandle> pages(QPDF &document, const std::vector<QPDFObjectHandle> &streams,
-                                    const PdfSettings &settings)
+                                    const PdfSettings &settings, const PdfProgress &progress)
 {
+    constexpr std::size_t bytesOfPage = 1500; // in a document that is being made
+    if (settings.hasRoom && !settings.hasRoom(streams.size() * std::size_t(settings.copies) * bytesOfPage))
+        throw std::bad_alloc();
     std::vector<QPDFObjectHandle> all;
     const int rounds = settings.collated ? settings.copies : 1;
     const int repeats = settings.collated ? 1 : settings.copies;
     for (int round = 0; round < rounds; ++round) {
+        if (progress.cancelled)
+            throw Cancelled();
         for (const QPDFObjectHandle &stream : streams) {
             for (int i = 0; i < repeats; ++i)
                 all.push_back(pdfPage(document, stream));
@@ -73,7 +78,7 @@ void write(std::u16string_view text, const PdfSettings &settings, const PdfOutpu
         std::reverse(streams.begin(), streams.end());
     QPDFObjectHandle resources = QPDFObjectHandle::newDictionary();
     resources.replaceKey("/Font", fontResources(document, codes, settings.grey));
-    addPages(document, pages(document, streams, settings), resources, settings.format);
+    addPages(document, pages(document, streams, settings, progress), resources, settings.format);
     const auto unlessCancelled = [&](const char *bytes, std::size_t count) {
         return !progress.cancelled && output(bytes, count);
     };
@@ -90,6 +95,8 @@ PdfResult writeTextPdf(std::u16string_view text, const PdfSettings &settings, co
         return PdfResult::Written;
     } catch (const Cancelled &) {
         return PdfResult::Cancelled;
+    } catch (const std::bad_alloc &) {
+        return progress.cancelled ? PdfResult::Cancelled : PdfResult::NoMemory;
     } catch (const std::exception &) {
         return progress.cancelled ? PdfResult::Cancelled : PdfResult::Failed;
     }

@@ -19,6 +19,7 @@ struct PdfSettings {
     bool collated = true;   // one copy after the other, not one page after the other
     bool lastFirst = false; // the last page comes first
     bool grey = false;      // pictures without their colours
+    std::function<bool(std::size_t bytes)> hasRoom; // whether there is so much memory; empty: there is
 };
 
 /// Shared with the thread that watches.
@@ -28,7 +29,7 @@ struct PdfProgress {
     std::atomic<bool> cancelled = false;
 };
 
-enum class PdfResult { Written, Cancelled, Failed };
+enum class PdfResult { Written, Cancelled, Failed, NoMemory };
 
 /// Sets a text in pages and writes them as a PDF: pages with text that can be searched and copied, to
 /// the character. Takes a while; touches nothing that other threads use.

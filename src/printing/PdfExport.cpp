@@ -1,5 +1,7 @@
 #include "printing/PdfExport.h"
 
+#include "view/Notice.h"
+
 #include <QFileInfo>
 
 namespace {
@@ -12,7 +14,7 @@ PrintInfo printInfo(const QString &path)
     PrintInfo info = PrintInfo::sharedPrintInfo();
     info.horizontalPagination = PrintInfo::Pagination::Automatic;
     info.verticalPagination = PrintInfo::Pagination::Automatic;
-    info.paperSize = {595, 842}; // A4
+    info.paperSize = {a4.width, a4.height};
     info.topMargin = margin;
     info.bottomMargin = margin;
     info.leftMargin = margin;
@@ -26,14 +28,35 @@ PrintInfo printInfo(const QString &path)
 
 } // namespace
 
-void savePDF(const QString &fileName, const QString &text, const QString &folder,
-             const NewPrintOperation &newOperation, QWidget *window)
+PdfExport::PdfExport(const QString &folder, NewPrintOperation newOperation)
+    : m_folder(folder)
+    , m_newOperation(std::move(newOperation))
 {
-    if (!QFileInfo(folder).isDir())
+}
+
+void PdfExport::savePDF(const QString &fileName, const QString &text, QWidget *window)
+{
+    if (m_isLooking || m_operation)
         return;
-    const QString path = folder + u'/' + fileName + QStringLiteral(".pdf");
-    PrintOperation *operation = newOperation({textWidth, text}, printInfo(path), window);
-    operation->setShowsPrintPanel(true);
-    operation->setShowsProgressPanel(true);
-    operation->runOperation([](bool) {});
+    m_isLooking = true;
+    const auto isFolder = [folder = m_folder] { return std::optional(QFileInfo(folder).isDir()); };
+    m_folderAnswers.ask(window, isFolder, [=, this](std::optional<bool> is) {
+        m_isLooking = false;
+        if (is == true)
+            begin(fileName, text, window);
+        else
+            showNotice(QMessageBox::Warning, tr("PDFを保存できません。"),
+                       is ? tr("ダウンロードフォルダがありません。")
+                          : tr("ダウンロードフォルダが応答しません。"),
+                       window);
+    });
+}
+
+void PdfExport::begin(const QString &fileName, const QString &text, QWidget *window)
+{
+    const QString path = m_folder + u'/' + fileName + QStringLiteral(".pdf");
+    m_operation = m_newOperation({textWidth, text}, printInfo(path), window);
+    m_operation->setShowsPrintPanel(true);
+    m_operation->setShowsProgressPanel(true);
+    m_operation->runOperation([](bool) {});
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "typesetting/PageFormat.h"
+
 #include <QSizeF>
 #include <QString>
 
@@ -10,7 +12,7 @@ struct PrintInfo {
 
     Pagination horizontalPagination = Pagination::Automatic;
     Pagination verticalPagination = Pagination::Automatic;
-    QSizeF paperSize = {595, 842};
+    QSizeF paperSize = {a4.width, a4.height};
     double topMargin = 72;
     double bottomMargin = 72;
     double leftMargin = 72;

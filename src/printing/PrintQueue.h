@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <utility>
@@ -10,7 +11,9 @@ class PrintQueue {
 public:
     using Options = std::vector<std::pair<std::string, std::string>>;
 
-    PrintQueue(const std::string &printer, const std::string &title, const Options &options);
+    /// A print system that doesn't answer is waited for while `goesOn` says so, but not for ever.
+    PrintQueue(const std::string &printer, const std::string &title, const Options &options,
+               std::function<bool()> goesOn);
     ~PrintQueue();
     PrintQueue(const PrintQueue &) = delete;
     PrintQueue &operator=(const PrintQueue &) = delete;

@@ -1,7 +1,9 @@
 #include "printing/PrintWork.h"
 
+#include "platform/Memory.h"
 #include "platform/WholeFile.h"
 #include "printing/PrintQueue.h"
+#include "printing/PrintServer.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -14,8 +16,10 @@ struct Reasons {
     Q_DECLARE_TR_FUNCTIONS(PrintWork)
 
 public:
-    static QString of(int error)
+    static QString of(PdfResult result, int error = 0)
     {
+        if (result == PdfResult::NoMemory)
+            return tr("メモリが足りません。");
         switch (error) {
         case 0:
             return tr("ページを作れませんでした。");
@@ -42,20 +46,24 @@ PrintOutcome save(std::u16string_view text, const PdfSettings &settings, const Q
 {
     WholeFile file(QFile::encodeName(path).toStdString());
     if (file.error() != 0)
-        return {PdfResult::Failed, Reasons::of(file.error())};
+        return {PdfResult::Failed, Reasons::of(PdfResult::Failed, file.error())};
     const auto output = [&](const char *bytes, std::size_t count) { return file.write(bytes, count); };
     const PdfResult result = writeTextPdf(text, settings, output, progress);
     if (result == PdfResult::Cancelled)
         return {result, {}};
     if (result == PdfResult::Written && !progress.cancelled && file.commit())
         return {result, {}};
-    return {progress.cancelled ? PdfResult::Cancelled : PdfResult::Failed, Reasons::of(file.error())};
+    return {progress.cancelled ? PdfResult::Cancelled : PdfResult::Failed,
+            Reasons::of(result, file.error())};
 }
 
 PrintOutcome spool(std::u16string_view text, const PdfSettings &settings, const PrintTarget &target,
                    PdfProgress &progress)
 {
-    PrintQueue queue(target.queue.toStdString(), settings.title, target.options);
+    if (!PrintServer::answers())
+        return {PdfResult::Failed, Reasons::tr("印刷システムが応答しません。")};
+    PrintQueue queue(target.queue.toStdString(), settings.title, target.options,
+                     [&progress] { return !progress.cancelled; });
     const auto output = [&](const char *bytes, std::size_t count) { return queue.write(bytes, count); };
     const PdfResult result =
         queue.isOpen() ? writeTextPdf(text, settings, output, progress) : PdfResult::Failed;
@@ -63,9 +71,9 @@ PrintOutcome spool(std::u16string_view text, const PdfSettings &settings, const 
         return {result, {}};
     const QString reason = QString::fromStdString(queue.reason());
     queue.cancel();
-    if (result == PdfResult::Cancelled)
-        return {result, {}};
-    return {PdfResult::Failed, reason.isEmpty() ? Reasons::of(0) : reason};
+    if (result == PdfResult::Cancelled || progress.cancelled)
+        return {PdfResult::Cancelled, {}};
+    return {PdfResult::Failed, reason.isEmpty() ? Reasons::of(result) : reason};
 }
 
 } // namespace
@@ -73,8 +81,12 @@ PrintOutcome spool(std::u16string_view text, const PdfSettings &settings, const 
 PrintOutcome print(const QString &text, const PdfSettings &settings, const PrintTarget &target,
                    PdfProgress &progress)
 {
+    PdfSettings bounded = settings;
+    bounded.hasRoom = [](std::size_t bytes) { return isThereRoomFor(qint64(bytes)); };
     const std::u16string_view view(reinterpret_cast<const char16_t *>(text.utf16()),
                                    std::size_t(text.size()));
-    return target.queue.isEmpty() ? save(view, settings, target.file, progress)
-                                  : spool(view, settings, target, progress);
+    if (!bounded.hasRoom(view.size())) // about what the pages of a text take, compressed
+        return {PdfResult::Failed, Reasons::of(PdfResult::NoMemory)};
+    return target.queue.isEmpty() ? save(view, bounded, target.file, progress)
+                                  : spool(view, bounded, target, progress);
 }

@@ -1,7 +1,9 @@
 #include "printing/TextPrintOperation.h"
 
 #include "platform/Background.h"
+#include "printing/PrintServer.h"
 #include "view/Notice.h"
+#include "view/Unwinding.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -27,21 +29,30 @@ constexpr qint64 worthShowing = 500; // milliseconds
 
 TextPrintOperation::TextPrintOperation(PrintedText text, PrintInfo info, QWidget *window)
     : PrintOperation(std::move(text), std::move(info), window)
-    , m_printer(std::make_unique<QPrinter>(QPrinter::HighResolution))
 {
-    preset(*m_printer, m_info);
     m_look.setInterval(100ms);
     connect(&m_look, &QTimer::timeout, this, &TextPrintOperation::showProgress);
 }
 
+// The panel looks at the printer to its end.
 TextPrintOperation::~TextPrintOperation()
 {
     m_progress->cancelled = true;
+    delete m_panel;
 }
 
 void TextPrintOperation::runOperation(std::function<void(bool)> ended)
 {
     m_ended = std::move(ended);
+    inBackground(
+        this, PrintServer::answers, [this](bool answers) { begin(answers); }, Workers::waiting());
+}
+
+void TextPrintOperation::begin(bool serverAnswers)
+{
+    PrintServer::leaveAlone(!serverAnswers);
+    m_printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
+    preset(*m_printer, m_info);
     if (m_showsPrintPanel)
         showPanel();
     else
@@ -50,21 +61,23 @@ void TextPrintOperation::runOperation(std::function<void(bool)> ended)
 
 void TextPrintOperation::showPanel()
 {
-    auto *panel = new QPrintDialog(m_printer.get(), window());
-    panel->setAttribute(Qt::WA_DeleteOnClose);
-    panel->setWindowModality(Qt::WindowModal);
-    panel->setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintPageRange
-                      | QAbstractPrintDialog::PrintCollateCopies | QAbstractPrintDialog::PrintShowPageSize);
-    connect(this, &QObject::destroyed, panel, &QObject::deleteLater);
-    connect(panel, &QDialog::finished, this, [this](int result) {
+    m_panel = new QPrintDialog(m_printer.get(), window());
+    m_panel->setWindowModality(Qt::WindowModal);
+    m_panel->setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintPageRange
+                        | QAbstractPrintDialog::PrintCollateCopies
+                        | QAbstractPrintDialog::PrintShowPageSize);
+    const auto finished = [this](int result) {
+        deleteWhenUnwound(m_panel);
         if (result == QDialog::Accepted)
             start();
         else
             end(false);
-    });
-    panel->open();
+    };
+    // Once: it can be accepted again while it still asks whether to replace a file.
+    connect(m_panel, &QDialog::finished, this, finished, Qt::SingleShotConnection);
+    m_panel->open();
     if (m_info.jobDisposition == PrintInfo::JobDisposition::Save)
-        chooseFile(*panel);
+        chooseFile(*m_panel);
 }
 
 void TextPrintOperation::start()
@@ -95,8 +108,7 @@ void TextPrintOperation::showProgress()
         m_progressPanel->setMinimumDuration(0);
         m_progressPanel->setAutoClose(false);
         m_progressPanel->setAutoReset(false);
-        connect(m_progressPanel, &QProgressDialog::canceled, this,
-                [this] { m_progress->cancelled = true; });
+        connect(m_progressPanel, &QProgressDialog::canceled, this, &TextPrintOperation::cancel);
         m_progressPanel->open();
     }
     if (!m_progressPanel)
@@ -107,8 +119,17 @@ void TextPrintOperation::showProgress()
     m_progressPanel->setValue(int(m_progress->share.load() * 1000));
 }
 
+// The work may be held up by a printer or a folder that doesn't answer; then it ends without us.
+void TextPrintOperation::cancel()
+{
+    m_progress->cancelled = true;
+    QTimer::singleShot(500ms, this, [this] { finish({.result = PdfResult::Cancelled}); });
+}
+
 void TextPrintOperation::finish(const PrintOutcome &outcome)
 {
+    if (std::exchange(m_hasFinished, true))
+        return;
     m_look.stop();
     delete m_progressPanel;
     if (outcome.result == PdfResult::Failed)
@@ -129,7 +150,7 @@ void TextPrintOperation::showFailure(const QString &reason)
 void TextPrintOperation::end(bool success)
 {
     const auto ended = std::exchange(m_ended, nullptr);
-    deleteLater();
+    deleteWhenUnwound(this);
     if (ended)
         ended(success);
 }

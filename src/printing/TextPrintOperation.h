@@ -9,6 +9,7 @@
 
 #include <memory>
 
+class QPrintDialog;
 class QProgressDialog;
 
 /// The print dialog, then the work on another thread with its progress, then what went wrong.
@@ -22,9 +23,11 @@ public:
     void runOperation(std::function<void(bool)> ended) override;
 
 private:
+    void begin(bool serverAnswers);
     void showPanel();
     void start();
     void showProgress();
+    void cancel();
     void finish(const PrintOutcome &outcome);
     void showFailure(const QString &reason);
     void end(bool success);
@@ -33,8 +36,10 @@ private:
     PrintTarget m_target;
     // Shared with the thread that does the work: it may see the end of this.
     std::shared_ptr<PdfProgress> m_progress = std::make_shared<PdfProgress>();
+    QPointer<QPrintDialog> m_panel;
     QPointer<QProgressDialog> m_progressPanel;
     QTimer m_look;
     QElapsedTimer m_started;
+    bool m_hasFinished = false;
     std::function<void(bool)> m_ended;
 };

@@ -5,6 +5,8 @@
 #include "preferences/PreferenceKeys.h"
 #include "preferences/UserDefaults.h"
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 TextLoading::TextLoading(ReadingText &text, State<qint64> &sp1, State<qint64> &sp2, UserDefaults &defaults,
@@ -35,17 +37,32 @@ void TextLoading::openText(QWidget *window)
     });
 }
 
+void TextLoading::stop()
+{
+    ++m_latestLoad;
+    end();
+}
+
+void TextLoading::end()
+{
+    if (std::exchange(m_isLoading, false))
+        emit ended();
+}
+
 // Reading and decoding happen elsewhere. Their result counts only if nothing was put into the pane
 // since, and no other file was picked.
 void TextLoading::load(const QString &path)
 {
     const int thisLoad = ++m_latestLoad;
     const int assignments = m_text.assignments();
+    if (!std::exchange(m_isLoading, true))
+        emit began();
     const auto show = [this, thisLoad, assignments](const std::optional<IncomingText> &text) {
-        if (!text || thisLoad != m_latestLoad || assignments != m_text.assignments())
+        if (thisLoad != m_latestLoad)
             return;
-        m_text.assign(*text);
-        emit loaded();
+        if (text && assignments == m_text.assignments())
+            m_text.assign(*text);
+        end();
     };
     inBackground(
         this, [path] { return textOfFile(path); }, show, Workers::waiting());

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/OpenPanel.h"
+#include "view/OpenPanel.h"
 #include "view/State.h"
 
 #include <QObject>
@@ -12,7 +12,7 @@ class UserDefaults;
 
 /// Lets the user pick a file and puts its text into the reading pane. The panel offers "txt" while
 /// `sp1` is 0, else "rtf"; an RTF file is shown as the source that it is. Whatever can't be read
-/// leaves the text as it was, without a word.
+/// leaves the text as it was, without a word. The latest file that was picked counts.
 class TextLoading : public QObject {
     Q_OBJECT
 
@@ -25,11 +25,18 @@ public:
     /// Returns with the panel open: the window waits for it, the other windows don't.
     void openText(QWidget *window);
 
+    /// Leaves the text as it is.
+    void stop();
+
 signals:
-    void loaded();
+    /// A file was picked.
+    void began();
+    /// Its text is there, or it turned out to have none, or nobody waits for it any more.
+    void ended();
 
 private:
     void load(const QString &path);
+    void end();
 
     ReadingText &m_text;
     State<qint64> &m_sp1;
@@ -37,4 +44,5 @@ private:
     UserDefaults &m_defaults;
     NewPanel m_newPanel;
     int m_latestLoad = 0;
+    bool m_isLoading = false;
 };

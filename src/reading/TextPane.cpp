@@ -1,7 +1,12 @@
 #include "reading/TextPane.h"
 
+#include "decoding/LargeText.h"
 #include "document/ReadingText.h"
+#include "platform/Memory.h"
+#include "reading/LargePaste.h"
 #include "reading/PaneAccessible.h"
+#include "reading/Patience.h"
+#include "view/Notice.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -29,6 +34,7 @@ bool isAnyOf(const QKeyEvent &event, std::initializer_list<QKeySequence::Standar
 
 TextPane::TextPane(ReadingText &text, const State<double> &fontSize)
     : m_text(text)
+    , m_patience(*new Patience(this))
 {
     [[maybe_unused]] static const bool known = [] {
         QAccessible::installFactory(paneAccessible);
@@ -118,8 +124,37 @@ void TextPane::insertFromMimeData(const QMimeData *source)
 {
     if (!canInsertFromMimeData(source))
         return;
-    piecedDocument().insert(textCursor(), source->text());
-    ensureCursorVisible();
+    try {
+        const QString text = source->text();
+        if (text.size() > LargeText::bytes)
+            return pasteLargeText(*this, text);
+        piecedDocument().insert(textCursor(), text);
+        ensureCursorVisible();
+    } catch (const std::bad_alloc &) {
+        // What doesn't come out of the clipboard can't be pasted.
+    }
+}
+
+bool TextPane::canCopy()
+{
+    const qint64 selected = textCursor().selectionEnd() - textCursor().selectionStart();
+    constexpr qint64 most = 8; // bytes that a character takes on its way
+    if (selected <= LargeText::bytes || isThereRoomFor(most * selected))
+        return true;
+    showNotice(QMessageBox::Warning, tr("コピーできませんでした。"), tr("メモリが足りません。"), window());
+    return false;
+}
+
+void TextPane::copy()
+{
+    if (canCopy())
+        QPlainTextEdit::copy();
+}
+
+void TextPane::cut()
+{
+    if (canCopy())
+        QPlainTextEdit::cut();
 }
 
 QMimeData *TextPane::createMimeDataFromSelection() const
@@ -168,6 +203,10 @@ void TextPane::keyPressEvent(QKeyEvent *event)
         undo();
     } else if (event->matches(QKeySequence::Redo)) {
         redo();
+    } else if (event->matches(QKeySequence::Copy)) {
+        copy();
+    } else if (event->matches(QKeySequence::Cut)) {
+        cut();
     } else {
         stepAcrossSeam(*event);
         QPlainTextEdit::keyPressEvent(event);

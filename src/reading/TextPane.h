@@ -4,6 +4,7 @@
 
 #include <QPlainTextEdit>
 
+class Patience;
 class PiecedDocument;
 class ReadingText;
 
@@ -16,6 +17,13 @@ public:
     TextPane(ReadingText &text, const State<double> &fontSize);
 
     PiecedDocument &piecedDocument() const;
+
+    ReadingText &readingText() const { return m_text; }
+    Patience &patience() const { return m_patience; }
+
+    // As those of a pane, but that nothing is lost when there is no memory for it.
+    void copy();
+    void cut();
 
     /// One step back or forward, in an edit or from text to text.
     void undo();
@@ -45,7 +53,10 @@ private:
     void fitSeamsInView();
     void fitSeams();
 
+    bool canCopy();
+
     ReadingText &m_text;
+    Patience &m_patience;
     // What blocks are marked with whose seams were fitted for the present width and font.
     int m_fit = 0;
     bool m_isFitting = false;

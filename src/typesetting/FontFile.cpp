@@ -28,7 +28,8 @@ std::optional<FontFile::Glyphs> kindOfGlyphs(hb_face_t *face)
 
 } // namespace
 
-// Each with a library of its own, because a library is no matter for several threads.
+// A FreeType library serves one thread at a time, and documents may be made on several: so each font has a
+// library of its own.
 struct FontFile::CharacterKeys {
     CharacterKeys(const std::string &path, unsigned index)
     {

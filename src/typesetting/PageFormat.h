@@ -1,9 +1,17 @@
 #pragma once
 
+/// The size of a sheet, in points.
+struct PaperSize {
+    double width;
+    double height;
+};
+
+constexpr PaperSize a4{595, 842};
+
 /// A sheet and where the text lies on it; all in points.
 struct PageFormat {
-    double width = 595;
-    double height = 842;
+    double width = a4.width;
+    double height = a4.height;
     double top = 20;
     double bottom = 20;
     double left = 20;
@@ -11,5 +19,5 @@ struct PageFormat {
     double longestLine = 550;
 
     double lineWidth() const;
-    double textHeight() const { return height - top - bottom; }
+    double textHeight() const;
 };

@@ -10,11 +10,6 @@ constexpr std::size_t mostCellsOfLine = 8192;                     // where nothi
 
 } // namespace
 
-double PageFormat::lineWidth() const
-{
-    return std::max(textSize, std::min(longestLine, width - left - right));
-}
-
 Typesetter::Typesetter(FontList &fonts, DocumentFonts &codes, const PageFormat &format, Sink sink)
     : m_shaper(fonts, codes)
     , m_format(format)

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "typesetting/Directions.h"
 #include "typesetting/LineBreaks.h"
 #include "typesetting/PageFormat.h"
-#include "typesetting/Paragraphs.h"
 #include "typesetting/Shaper.h"
 
 #include <functional>

@@ -27,8 +27,7 @@ struct SliderRange {
     double step;
     QString unit = {}; // in words, for who doesn't see the value
 };
-/// A visible title and a slider that can take the values from, from + step, … to, all of them
-/// multiples of the step.
+/// A visible title and a slider whose values are the multiples of the step in this range.
 QWidget *Slider(const QString &title, Binding<double> value, const SliderRange &range);
 
 /// A visible title above a pop-up list; a row is shown as chosen when it equals `selection`. Icons

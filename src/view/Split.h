@@ -2,15 +2,15 @@
 
 #include <QSplitter>
 
-/// Panes side by side or one above the other. What is between them is moved with the mouse, or with
-/// the arrow keys, Home and End while it has the keyboard focus.
+/// Panes side by side or one above the other. The boundary between two panes is moved with the mouse, or,
+/// while it has the keyboard focus, with the arrow keys, Home and End.
 class Split : public QSplitter {
     Q_OBJECT
 
 public:
     Split();
 
-    /// How the boundary before a pane is called for a screen reader, which is also told where it is.
+    /// Names the boundary before a pane for a screen reader, which also hears where the boundary is.
     void nameBoundary(int pane, const QString &name);
 
 protected:

@@ -1,6 +1,7 @@
 #include "platform/Memory.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <fstream>
 #include <limits>
 #include <string>
@@ -38,7 +39,8 @@ const GroupFiles second{{"/memory.max", "/memory.high"}, "/memory.current", "act
 const GroupFiles first{
     {"/memory.limit_in_bytes"}, "/memory.usage_in_bytes", "total_active_file", "total_inactive_file"};
 
-// What the group has used counts the files that were read, which are let go of for who needs the room.
+// The files that a group has read count as memory that it uses, but the system takes that back when it is
+// needed.
 qint64 leftToTheGroup(const std::string &group, const GroupFiles &files)
 {
     qint64 most = unlimited;
@@ -97,4 +99,14 @@ qint64 availableMemory(const std::string &root)
 {
     return std::max(qint64(0),
                     std::min({leftToTheMachine(root), leftToTheGroups(root), leftToTheProcess(root)}));
+}
+
+bool isThereRoomFor(qint64 bytes)
+{
+    constexpr qint64 forTheRest = 64 << 20;
+    if (bytes > availableMemory() - forTheRest)
+        return false;
+    void *tried = std::malloc(size_t(bytes)); // there may be enough, but not in one piece
+    std::free(tried);
+    return tried || bytes == 0;
 }

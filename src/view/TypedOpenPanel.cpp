@@ -1,4 +1,4 @@
-#include "platform/TypedOpenPanel.h"
+#include "view/TypedOpenPanel.h"
 
 #include <QDir>
 #include <QInputDialog>

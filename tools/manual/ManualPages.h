@@ -1,24 +1,24 @@
 #pragma once
 
-#include "manual/ManualText.h"
+#include "ManualText.h"
 #include "typesetting/FontList.h"
 #include "typesetting/Page.h"
 #include "typesetting/PageFormat.h"
 
 #include <qpdf/QPDF.hh>
 
-#include <QDir>
+#include <filesystem>
 
 /// Sets the blocks of the manual on pages, one below the other.
 class ManualPages {
 public:
     struct Chapter {
-        QString title;
+        std::string title;    // UTF-8
         std::size_t page = 0; // from 0
         double top = 0;       // points from the bottom of the page
     };
 
-    ManualPages(QPDF &document, FontList &fonts, DocumentFonts &codes, const QDir &pictures);
+    ManualPages(QPDF &document, FontList &fonts, DocumentFonts &codes, std::filesystem::path pictures);
 
     void add(const ManualBlock &block);
     /// Ends the last page, and numbers all.
@@ -38,9 +38,9 @@ private:
     };
 
     static Style styleOf(ManualBlock::Kind kind);
-    Page set(const QString &text, double width);
+    Page set(const std::string &text, double width);
     void addText(const ManualBlock &block);
-    void addPicture(const QString &name);
+    void addPicture(const std::string &name);
     void addLine(const Line &line, const Glyph *glyphs, double left, double baseline, double scale);
     void makeRoom(double height);
     void newPage();
@@ -48,7 +48,7 @@ private:
     QPDF &m_document;
     FontList &m_fonts;
     DocumentFonts &m_codes;
-    QDir m_pictures;
+    std::filesystem::path m_pictures;
     PageFormat m_format{.top = 64, .bottom = 64, .left = 64, .right = 64};
     QPDFObjectHandle m_images = QPDFObjectHandle::newDictionary();
     std::vector<std::string> m_contents;

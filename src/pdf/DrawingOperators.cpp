@@ -1,4 +1,4 @@
-#include "pdf/PageContent.h"
+#include "pdf/DrawingOperators.h"
 
 #include <charconv>
 #include <cmath>
@@ -169,7 +169,7 @@ std::string Content::finished()
 
 } // namespace
 
-std::string pageContent(const Page &page)
+std::string drawingOperators(const Page &page)
 {
     Content content(page.glyphs.size());
     const Glyph *glyphs = page.glyphs.data();

@@ -1,7 +1,7 @@
-#include "pdf/PageContents.h"
+#include "pdf/CompressedPages.h"
 
 #include "pdf/Deflate.h"
-#include "pdf/PageContent.h"
+#include "pdf/DrawingOperators.h"
 
 namespace {
 
@@ -9,18 +9,18 @@ constexpr std::size_t mostWaiting = 64; // pages
 
 } // namespace
 
-PageContents::PageContents(int threads)
+CompressedPages::CompressedPages(int threads)
 {
     for (int i = 0; i < threads; ++i)
         m_threads.emplace_back([this] { work(); });
 }
 
-PageContents::~PageContents()
+CompressedPages::~CompressedPages()
 {
     end();
 }
 
-void PageContents::add(Page &&page)
+void CompressedPages::add(Page &&page)
 {
     std::unique_lock lock(m_mutex);
     m_changed.wait(lock, [this] { return m_waiting.size() < mostWaiting || m_failure; });
@@ -29,7 +29,7 @@ void PageContents::add(Page &&page)
     m_changed.notify_all();
 }
 
-void PageContents::work()
+void CompressedPages::work()
 {
     std::unique_lock lock(m_mutex);
     while (true) {
@@ -43,7 +43,7 @@ void PageContents::work()
         std::string stream;
         std::exception_ptr failure;
         try {
-            stream = deflated(pageContent(page));
+            stream = deflated(drawingOperators(page));
         } catch (...) {
             failure = std::current_exception();
         }
@@ -54,7 +54,7 @@ void PageContents::work()
     }
 }
 
-void PageContents::end()
+void CompressedPages::end()
 {
     {
         const std::lock_guard lock(m_mutex);
@@ -66,7 +66,7 @@ void PageContents::end()
     m_threads.clear();
 }
 
-std::vector<std::string> PageContents::finished()
+std::vector<std::string> CompressedPages::finished()
 {
     end();
     if (m_failure)

@@ -1,15 +1,13 @@
 // make_manual SOURCE.md OUT.pdf: makes the manual that is installed with the program.
-#include "manual/ManualPages.h"
+#include "ManualPages.h"
 #include "pdf/FontObjects.h"
 #include "pdf/PdfFile.h"
 #include "pdf/PdfStream.h"
-#include "platform/WholeFile.h"
-
-#include <QFile>
-#include <QFileInfo>
 
 #include <cstdio>
 #include <exception>
+#include <fstream>
+#include <iterator>
 
 namespace {
 
@@ -21,7 +19,7 @@ void addOutline(QPDF &document, const std::vector<ManualPages::Chapter> &chapter
     QPDFObjectHandle last = QPDFObjectHandle::newNull();
     for (const ManualPages::Chapter &chapter : chapters) {
         QPDFObjectHandle entry = document.makeIndirectObject(QPDFObjectHandle::newDictionary());
-        entry.replaceKey("/Title", QPDFObjectHandle::newUnicodeString(chapter.title.toStdString()));
+        entry.replaceKey("/Title", QPDFObjectHandle::newUnicodeString(chapter.title));
         entry.replaceKey("/Parent", outline);
         entry.replaceKey("/Dest",
                          QPDFObjectHandle::newArray({pages[chapter.page], QPDFObjectHandle::newName("/XYZ"),
@@ -41,19 +39,17 @@ void addOutline(QPDF &document, const std::vector<ManualPages::Chapter> &chapter
     document.getRoot().replaceKey("/Outlines", outline);
 }
 
-bool make(const QString &source, const std::string &out)
+bool make(const std::filesystem::path &source, const std::filesystem::path &out)
 {
-    QFile file(source);
-    if (!file.open(QIODevice::ReadOnly))
-        return false;
-    const QList<ManualBlock> blocks = manualBlocks(QString::fromUtf8(file.readAll()));
-    if (blocks.isEmpty())
+    std::ifstream file(source, std::ios::binary);
+    const auto blocks = manualBlocks(std::string(std::istreambuf_iterator(file), {}));
+    if (blocks.empty())
         return false;
     QPDF document;
     document.emptyPDF();
     FontList fonts({});
     DocumentFonts codes;
-    ManualPages manual(document, fonts, codes, QFileInfo(source).dir());
+    ManualPages manual(document, fonts, codes, source.parent_path());
     for (const ManualBlock &block : blocks)
         manual.add(block);
     manual.finish();
@@ -66,10 +62,11 @@ bool make(const QString &source, const std::string &out)
     resources.replaceKey("/XObject", manual.images());
     addPages(document, pages, resources, manual.format());
     addOutline(document, manual.chapters(), pages);
-    WholeFile result(out);
-    writePdfFile(document, blocks.first().text.toStdString(),
-                 [&](const char *bytes, std::size_t count) { return result.write(bytes, count); });
-    return result.commit();
+    std::ofstream result(out, std::ios::binary);
+    writePdfFile(document, blocks.front().text, [&](const char *bytes, std::size_t count) {
+        return !!result.write(bytes, std::streamsize(count));
+    });
+    return !!result.flush();
 }
 
 } // namespace
@@ -77,7 +74,7 @@ bool make(const QString &source, const std::string &out)
 int main(int argc, char **argv)
 {
     try {
-        if (argc == 3 && make(QFile::decodeName(argv[1]), argv[2]))
+        if (argc == 3 && make(argv[1], argv[2]))
             return 0;
         std::fprintf(stderr, "make_manual SOURCE.md OUT.pdf\n");
     } catch (const std::exception &error) {

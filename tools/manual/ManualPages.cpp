@@ -1,15 +1,16 @@
-#include "manual/ManualPages.h"
+#include "ManualPages.h"
 
-#include "pdf/PageContent.h"
+#include "pdf/DrawingOperators.h"
 #include "pdf/PdfImage.h"
 #include "typesetting/Typesetter.h"
 
-#include <QImage>
+#include <unicode/unistr.h>
 
 #include <cstdio>
+#include <fstream>
+#include <iterator>
 #include <stdexcept>
-
-using namespace Qt::StringLiterals;
+#include <utility>
 
 namespace {
 
@@ -24,11 +25,12 @@ std::string placed(double scale, double x, double y, const std::string &drawing)
 
 } // namespace
 
-ManualPages::ManualPages(QPDF &document, FontList &fonts, DocumentFonts &codes, const QDir &pictures)
+ManualPages::ManualPages(QPDF &document, FontList &fonts, DocumentFonts &codes,
+                         std::filesystem::path pictures)
     : m_document(document)
     , m_fonts(fonts)
     , m_codes(codes)
-    , m_pictures(pictures)
+    , m_pictures(std::move(pictures))
     , m_y(m_format.height - m_format.top)
 {
 }
@@ -60,7 +62,7 @@ void ManualPages::add(const ManualBlock &block)
 }
 
 // On a sheet without an end, beginning at its very top and left.
-Page ManualPages::set(const QString &text, double width)
+Page ManualPages::set(const std::string &text, double width)
 {
     const PageFormat endless{.width = width,
                              .height = 100'000,
@@ -74,8 +76,8 @@ Page ManualPages::set(const QString &text, double width)
         whole = std::move(page);
         return true;
     };
-    Typesetter(m_fonts, m_codes, endless, keep)
-        .set({reinterpret_cast<const char16_t *>(text.utf16()), std::size_t(text.size())});
+    const icu::UnicodeString units = icu::UnicodeString::fromUTF8(text);
+    Typesetter(m_fonts, m_codes, endless, keep).set({units.getBuffer(), std::size_t(units.length())});
     return whole;
 }
 
@@ -98,7 +100,7 @@ void ManualPages::addText(const ManualBlock &block)
         makeRoom(height);
         const double baseline = m_y - own.ascent() / 1000.0 * scale;
         if (i == 0 && block.kind == ManualBlock::Kind::Item) {
-            const Page bullet = set(u"•"_s, style.indent);
+            const Page bullet = set("•", style.indent);
             addLine(bullet.lines.front(), bullet.glyphs.data(), m_format.left + 2, baseline, scale);
         }
         addLine(page.lines[i], glyphs, left, baseline, scale);
@@ -112,22 +114,23 @@ void ManualPages::addLine(const Line &line, const Glyph *glyphs, double left, do
     Page alone;
     alone.lines.push_back({.left = line.left, .baseline = 0, .glyphs = line.glyphs});
     alone.glyphs.assign(glyphs, glyphs + line.glyphs);
-    m_content += placed(scale, left, baseline, pageContent(alone));
+    m_content += placed(scale, left, baseline, drawingOperators(alone));
 }
 
 // Half a point for each of its pixels, or as wide as the text; with a thin frame.
-void ManualPages::addPicture(const QString &name)
+void ManualPages::addPicture(const std::string &name)
 {
-    const QImage image(m_pictures.filePath(name));
-    if (image.isNull())
-        throw std::runtime_error("no picture " + name.toStdString());
-    const double width = std::min(m_format.width - m_format.left - m_format.right, image.width() * 0.5);
-    const double height = width * image.height() / image.width();
+    std::ifstream file(m_pictures / name, std::ios::binary);
+    const auto pixels = pngPixels(std::string(std::istreambuf_iterator(file), {}));
+    if (!pixels)
+        throw std::runtime_error("no picture " + name);
+    const double width = std::min(m_format.width - m_format.left - m_format.right, pixels->width * 0.5);
+    const double height = width * pixels->height / pixels->width;
     m_y -= 10;
     makeRoom(height);
     m_y -= height;
     const std::string key = "/I" + std::to_string(m_images.getKeys().size());
-    m_images.replaceKey(key, pdfImage(m_document, image, false));
+    m_images.replaceKey(key, pdfImage(m_document, *pixels, false));
     const double x = (m_format.width - width) / 2;
     char drawing[160];
     std::snprintf(drawing, sizeof drawing,
@@ -153,7 +156,7 @@ void ManualPages::finish()
 {
     newPage();
     for (std::size_t i = 0; i < m_contents.size(); ++i) {
-        const Page number = set(QString::number(i + 1), 40);
+        const Page number = set(std::to_string(i + 1), 40);
         m_content.clear();
         addLine(number.lines.front(), number.glyphs.data(), m_format.width / 2 - 3, m_format.bottom / 2,
                 0.75);

@@ -1,9 +1,10 @@
-#include "platform/OpenPanel.h"
+#include "view/OpenPanel.h"
 
 #include "platform/FileName.h"
 #include "platform/Mounts.h"
 #include "platform/Respondent.h"
-#include "platform/TypedOpenPanel.h"
+#include "view/TypedOpenPanel.h"
+#include "view/Unwinding.h"
 
 #include <QCoreApplication>
 #include <QFileDialog>
@@ -38,7 +39,7 @@ public:
             m_dialog->setNameFilter(nameFilter());
         connect(m_dialog, &QDialog::finished, this, [this, ended = std::move(ended)](int result) {
             ended(result == QDialog::Accepted ? ModalResponse::OK : ModalResponse::Cancel);
-            m_dialog->deleteLater();
+            deleteWhenUnwound(m_dialog);
             deleteLater();
         });
         m_dialog->open();

@@ -10,12 +10,12 @@
 #include <vector>
 
 /// Turns pages into compressed content streams on other threads, while the next pages are being set.
-class PageContents {
+class CompressedPages {
 public:
-    explicit PageContents(int threads);
-    ~PageContents();
-    PageContents(const PageContents &) = delete;
-    PageContents &operator=(const PageContents &) = delete;
+    explicit CompressedPages(int threads);
+    ~CompressedPages();
+    CompressedPages(const CompressedPages &) = delete;
+    CompressedPages &operator=(const CompressedPages &) = delete;
 
     /// Waits while too many pages are under way, so that they never pile up.
     void add(Page &&page);

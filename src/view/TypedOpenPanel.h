@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/OpenPanel.h"
+#include "view/OpenPanel.h"
 
 class QInputDialog;
 

@@ -5,4 +5,4 @@
 #include <string>
 
 /// The operators that draw a page. Font n is the resource /Fn.
-std::string pageContent(const Page &page);
+std::string drawingOperators(const Page &page);

@@ -1,0 +1,61 @@
+#!/usr/bin/python3
+"""Where the programs and modules of a build look for libraries, and those that are installed from it.
+
+library_paths.py BUILD
+"""
+import re
+import subprocess
+import sys
+import tempfile
+import unittest
+from pathlib import Path
+
+BUILD = Path(sys.argv[1])
+MODULES = ("tarumine-gio.so", "tarumine-printing.so")
+
+
+def is_elf(path):
+    with path.open("rb") as file:
+        return file.read(4) == b"\x7fELF"
+
+
+def programs_and_modules(folder):
+    return [path for path in folder.rglob("*") if path.is_file() and not path.is_symlink()
+            and path.suffix not in (".o", ".a") and is_elf(path)]
+
+
+def library_path(program):
+    """Its entries, as they are written there."""
+    told = subprocess.run(["readelf", "-dW", program], check=True, capture_output=True, text=True).stdout
+    written = re.findall(r"\((?:RUNPATH|RPATH)\).*\[(.*)\]", told)
+    return [entry for path in written for entry in path.split(":")]
+
+
+class LibraryPaths(unittest.TestCase):
+    def check(self, files):
+        self.assertGreaterEqual({path.name for path in files}, {"tarumine", *MODULES})
+        for path in files:
+            for entry in library_path(path):
+                self.assertRegex(entry, r"^(/|\$ORIGIN(/|$))", f"{path} looks into the current folder")
+
+    def check_modules(self, program):
+        folders = [Path(entry.replace("$ORIGIN", str(program.parent))) for entry in library_path(program)]
+        for module in MODULES:
+            self.assertTrue(any((folder / module).is_file() for folder in folders), module)
+
+    def test_what_is_built_looks_nowhere_else(self):
+        parts = [BUILD / name for name in ("bin", "lib", "bench", "tests", "tools")]
+        self.check([path for part in parts for path in programs_and_modules(part)])
+        self.check_modules(BUILD / "bin" / "tarumine")
+
+    def test_what_is_installed_finds_its_modules_there(self):
+        with tempfile.TemporaryDirectory() as folder:
+            subprocess.run(["cmake", "--install", BUILD, "--prefix", folder], check=True, stdout=subprocess.DEVNULL)
+            self.check(programs_and_modules(Path(folder)))
+            program = Path(folder, "bin", "tarumine")
+            self.check_modules(program)
+            self.assertFalse([entry for entry in library_path(program) if str(BUILD) in entry])
+
+
+if __name__ == "__main__":
+    unittest.main(argv=sys.argv[:1], verbosity=2)
