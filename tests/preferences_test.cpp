@@ -192,7 +192,7 @@ private slots:
         one = 0;
         QCOMPARE(UserDefaults(file).integer(Key::IntKeyToggle2), 6);
 
-        const QString later = m_folder.filePath(u"later/store.conf"_s);
+        const QString later = m_folder.filePath(u"later/deeper/store.conf"_s);
         UserDefaults early(later);
         AppStorage<qint64> field(Key::IntKeyToggle1, early);
         early.watch();

@@ -1,6 +1,7 @@
 #include "preferences/UserDefaults.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QFileInfo>
 #include <QFileSystemWatcher>
 #include <QStandardPaths>
@@ -96,7 +97,7 @@ void UserDefaults::keepTrying()
 }
 
 // The folder tells of a file that was replaced, the file itself of one that was written into. A folder that
-// isn't there yet is announced by the one above.
+// isn't there yet is announced by those above.
 void UserDefaults::watch()
 {
     if (!m_watcher) {
@@ -105,8 +106,10 @@ void UserDefaults::watch()
         connect(m_watcher.get(), &QFileSystemWatcher::directoryChanged, this, look);
         connect(m_watcher.get(), &QFileSystemWatcher::fileChanged, this, look);
     }
-    const QFileInfo folder(QFileInfo(fileName()).path());
-    for (const QString &path : {folder.exists() ? folder.filePath() : folder.path(), fileName()}) {
+    QString folder = QFileInfo(fileName()).path();
+    while (!QFileInfo::exists(folder) && folder != QDir::rootPath())
+        folder = QFileInfo(folder).path();
+    for (const QString &path : {folder, fileName()}) {
         if (QFileInfo::exists(path))
             m_watcher->addPath(path);
     }

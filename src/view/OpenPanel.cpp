@@ -1,7 +1,5 @@
 #include "view/OpenPanel.h"
 
-#include "view/Unwinding.h"
-
 #include "platform/FileName.h"
 #include "platform/Mounts.h"
 #include "platform/Respondent.h"
