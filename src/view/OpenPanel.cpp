@@ -4,6 +4,7 @@
 #include "platform/Mounts.h"
 #include "platform/Respondent.h"
 #include "view/TypedOpenPanel.h"
+#include "view/Unwinding.h"
 
 #include <QCoreApplication>
 #include <QFileDialog>
