@@ -1,7 +1,7 @@
 #include "reading/Patience.h"
 
 #include <QAccessible>
-#include <QCoreApplication>
+#include <QApplication>
 #include <QKeyEvent>
 #include <QLabel>
 
@@ -68,6 +68,7 @@ void Patience::end()
 
 void Patience::show()
 {
+    m_label->setFont(QApplication::font()); // not in the size of the text
     m_label->adjustSize();
     m_label->move((m_pane.width() - m_label->width()) / 2, (m_pane.height() - m_label->height()) / 2);
     m_label->show();

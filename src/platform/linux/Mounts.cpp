@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <filesystem>
 #include <fstream>
 #include <sstream>
 #include <string_view>
@@ -50,8 +51,13 @@ std::vector<std::string> Mounts::remote(const std::string &list)
     return mounts;
 }
 
+// As a panel for files does: what answers for itself may still be silent about what is in it.
 void Mounts::ask(const std::string &mount)
 {
     struct statvfs about { };
     (void)::statvfs(mount.c_str(), &about);
+    std::error_code error;
+    const std::filesystem::directory_iterator entries(mount, error);
+    if (!error && entries != std::filesystem::directory_iterator())
+        (void)std::filesystem::status(entries->path(), error);
 }
