@@ -9,6 +9,10 @@
 
 /// The text of an ini file of the kind that QSettings writes. Values are those of the keys without a group;
 /// whatever else stands in the text stays as it is.
+///
+/// QSettings itself can't be had without its file: it waits for the lock of that as long as it takes, and
+/// tells files apart by their age and size. Given a copy of its own, it costs each write one more wait for
+/// the disk.
 class IniText {
 public:
     /// Nothing when a line is neither a group, nor a key with its value, nor a remark.

@@ -30,6 +30,11 @@ QString nearestFolder(const QString &path)
                                                                : nearestFolder(QFileInfo(path).path());
 }
 
+QByteArray bytes(QLatin1StringView key)
+{
+    return {key.data(), key.size()};
+}
+
 } // namespace
 
 UserDefaults &UserDefaults::standard()
@@ -64,7 +69,7 @@ qint64 UserDefaults::integer(QLatin1StringView key) const
 std::optional<QString> UserDefaults::string(QLatin1StringView key) const
 {
     refresh();
-    const auto unwritten = m_unwritten.find(key);
+    const auto unwritten = m_unwritten.find(bytes(key));
     return unwritten == m_unwritten.end() ? m_file.text().value(key) : *unwritten;
 }
 
@@ -76,7 +81,7 @@ void UserDefaults::setInteger(qint64 value, QLatin1StringView key)
 void UserDefaults::setString(const QString &value, QLatin1StringView key)
 {
     const bool isHeldUp = !m_unwritten.isEmpty();
-    m_unwritten.insert(key, value);
+    m_unwritten.insert(bytes(key), value);
     if (!write(isHeldUp ? 0ms : patience) && !m_nextTry.isActive())
         m_nextTry.start(firstPause);
     emit didChange();
@@ -86,7 +91,7 @@ bool UserDefaults::write(std::chrono::milliseconds patience)
 {
     const auto change = [this](IniText &text) {
         for (auto value = m_unwritten.cbegin(); value != m_unwritten.cend(); ++value)
-            text.setValue(*value, value.key());
+            text.setValue(*value, QLatin1StringView(value.key()));
     };
     if (!m_unwritten.isEmpty() && !m_file.change(change, patience))
         return false;

@@ -2,6 +2,7 @@
 
 #include "preferences/StoreFile.h"
 
+#include <QByteArray>
 #include <QMap>
 #include <QObject>
 #include <QString>
@@ -52,7 +53,7 @@ private:
     void keepTrying();
 
     mutable StoreFile m_file;
-    QMap<QLatin1StringView, QString> m_unwritten;
+    QMap<QByteArray, QString> m_unwritten; // by their keys in Latin-1
     QTimer m_nextTry;
     std::unique_ptr<QFileSystemWatcher> m_watcher;
 };

@@ -1,5 +1,7 @@
 #include "view/TypedOpenPanel.h"
 
+#include "view/Unwinding.h"
+
 #include <QDir>
 #include <QInputDialog>
 #include <QLabel>
@@ -21,7 +23,7 @@ void TypedOpenPanel::runModal(std::function<void(ModalResponse)> ended)
 {
     connect(m_dialog, &QDialog::finished, this, [this, ended = std::move(ended)](int result) {
         ended(result == QDialog::Accepted ? ModalResponse::OK : ModalResponse::Cancel);
-        m_dialog->deleteLater();
+        deleteWhenUnwound(m_dialog);
         deleteLater();
     });
     m_dialog->open();
