@@ -23,6 +23,13 @@ QString standardFileName()
         + QStringLiteral("/tarumine/Tarumine.conf");
 }
 
+// Itself, or the first of those above that is there.
+QString nearestFolder(const QString &path)
+{
+    return QFileInfo::exists(path) || path == QDir::rootPath() ? path
+                                                               : nearestFolder(QFileInfo(path).path());
+}
+
 QByteArray bytes(QLatin1StringView key)
 {
     return {key.data(), key.size()};
@@ -111,11 +118,9 @@ void UserDefaults::watch()
         connect(m_watcher.get(), &QFileSystemWatcher::directoryChanged, this, look);
         connect(m_watcher.get(), &QFileSystemWatcher::fileChanged, this, look);
     }
-    QString folder = QFileInfo(fileName()).path();
-    while (!QFileInfo::exists(folder) && folder != QDir::rootPath())
-        folder = QFileInfo(folder).path();
-    for (const QString &path : {folder, fileName()}) {
-        if (QFileInfo::exists(path))
-            m_watcher->addPath(path);
-    }
+    const auto folder = [this] { return nearestFolder(QFileInfo(fileName()).path()); };
+    // Once more where a folder has been made meanwhile.
+    while (!m_watcher->directories().contains(folder()) && m_watcher->addPath(folder())) { }
+    if (QFileInfo::exists(fileName()))
+        m_watcher->addPath(fileName());
 }
