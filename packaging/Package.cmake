@@ -32,5 +32,5 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 # What is loaded without being linked: fonts with the characters of the texts, the other display system,
 # icons of themes, and what opens pages. The program works without each of them, less well.
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "fonts-noto-cjk | fonts-japanese-gothic, fonts-noto-color-emoji, \
-qt6-wayland, libqt6svg6, xdg-utils, default-dbus-session-bus | dbus-session-bus")
+qt6-wayland, qt6-svg-plugins | libqt6svg6 (<< 6.7.2-5~), xdg-utils, default-dbus-session-bus | dbus-session-bus")
 include(CPack)
