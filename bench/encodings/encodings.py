@@ -75,6 +75,10 @@ def corpus():
     text = piece(rng, prose()["ja"], "cp932", 1_000_000)
     for encoding in ("cp932", "euc_jp", "iso2022_jp", "utf-16-le"):
         yield f"ja {encoding} 1000000", encoded(text, encoding), text
+    # What is valid UTF-8 is a text, whatever it holds.
+    odd = "\0" * 4096, "".join(map(chr, range(32))) * 20, "朝\0の\x07記録\x1b[0m" * 50, "一行" * 500_000
+    for text in odd:
+        yield "odd utf-8", text.encode(), text
 
 
 def binaries():
@@ -82,7 +86,6 @@ def binaries():
     for size in (20, 200, 5_000, 300_000):
         for i in range(10):
             yield f"random bytes {size} {i}", rng.randbytes(size)
-    yield "zeros", bytes(4096)
     yield "a program", pathlib.Path("/proc/self/exe").read_bytes()
     for picture in pathlib.Path(__file__).parents[2].glob("*/*.png"):
         yield picture.name, picture.read_bytes()
