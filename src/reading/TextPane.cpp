@@ -6,6 +6,7 @@
 #include "reading/LargePaste.h"
 #include "reading/PaneAccessible.h"
 #include "reading/Patience.h"
+#include "reading/SeamStep.h"
 #include "view/Notice.h"
 
 #include <QAccessible>
@@ -18,19 +19,7 @@
 #include <QTextBlock>
 #include <QTextLayout>
 
-#include <algorithm>
-#include <initializer_list>
 #include <utility>
-
-namespace {
-
-bool isAnyOf(const QKeyEvent &event, std::initializer_list<QKeySequence::StandardKey> keys)
-{
-    return std::any_of(keys.begin(), keys.end(),
-                       [&event](QKeySequence::StandardKey key) { return event.matches(key); });
-}
-
-} // namespace
 
 TextPane::TextPane(ReadingText &text, const State<double> &fontSize)
     : m_text(text)
@@ -164,34 +153,6 @@ QMimeData *TextPane::createMimeDataFromSelection() const
     return data;
 }
 
-// On either side of a seam the caret is at the same place in the text, so that a key goes on from the
-// other side.
-void TextPane::stepAcrossSeam(const QKeyEvent &event)
-{
-    const bool selecting = isAnyOf(event,
-                                   {QKeySequence::SelectPreviousChar, QKeySequence::SelectPreviousWord,
-                                    QKeySequence::SelectNextChar, QKeySequence::SelectNextWord});
-    QTextCursor cursor = textCursor();
-    if (cursor.hasSelection() && !selecting)
-        return;
-    int to = cursor.position();
-    if (isAnyOf(event,
-                {QKeySequence::MoveToPreviousChar, QKeySequence::MoveToPreviousWord,
-                 QKeySequence::SelectPreviousChar, QKeySequence::SelectPreviousWord,
-                 QKeySequence::DeleteStartOfWord, QKeySequence::Backspace})
-        || event.key() == Qt::Key_Backspace)
-        to = piecedDocument().acrossSeamBackward(to);
-    else if (isAnyOf(event,
-                     {QKeySequence::MoveToNextChar, QKeySequence::MoveToNextWord,
-                      QKeySequence::SelectNextChar, QKeySequence::SelectNextWord,
-                      QKeySequence::DeleteEndOfWord, QKeySequence::Delete, QKeySequence::DeleteEndOfLine}))
-        to = piecedDocument().acrossSeamForward(to);
-    if (to == cursor.position())
-        return;
-    cursor.setPosition(to, selecting ? QTextCursor::KeepAnchor : QTextCursor::MoveAnchor);
-    setTextCursor(cursor);
-}
-
 void TextPane::keyPressEvent(QKeyEvent *event)
 {
     if (event->key() == Qt::Key_Tab && event->modifiers() == Qt::ControlModifier) {
@@ -208,7 +169,9 @@ void TextPane::keyPressEvent(QKeyEvent *event)
     } else if (event->matches(QKeySequence::Cut)) {
         cut();
     } else {
-        stepAcrossSeam(*event);
+        const QTextCursor from = acrossSeam(piecedDocument(), textCursor(), *event);
+        if (from.position() != textCursor().position())
+            setTextCursor(from);
         QPlainTextEdit::keyPressEvent(event);
     }
 }

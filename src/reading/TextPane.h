@@ -48,7 +48,6 @@ private:
     void showReturned();
     void showDocument();
     void writeDownPlace();
-    void stepAcrossSeam(const QKeyEvent &event);
     void refitSeams();
     void fitSeamsInView();
     void fitSeams();

@@ -1,0 +1,56 @@
+#include "reading/SeamStep.h"
+
+#include "document/PiecedDocument.h"
+
+#include <QKeyEvent>
+
+#include <algorithm>
+#include <initializer_list>
+
+namespace {
+
+bool isAnyOf(const QKeyEvent &event, std::initializer_list<QKeySequence::StandardKey> keys)
+{
+    return std::any_of(keys.begin(), keys.end(),
+                       [&event](QKeySequence::StandardKey key) { return event.matches(key); });
+}
+
+bool selects(const QKeyEvent &event)
+{
+    return isAnyOf(event,
+                   {QKeySequence::SelectPreviousChar, QKeySequence::SelectPreviousWord,
+                    QKeySequence::SelectNextChar, QKeySequence::SelectNextWord});
+}
+
+bool goesBackward(const QKeyEvent &event)
+{
+    return event.key() == Qt::Key_Backspace
+        || isAnyOf(event,
+                   {QKeySequence::MoveToPreviousChar, QKeySequence::MoveToPreviousWord,
+                    QKeySequence::SelectPreviousChar, QKeySequence::SelectPreviousWord,
+                    QKeySequence::DeleteStartOfWord});
+}
+
+bool goesForward(const QKeyEvent &event)
+{
+    return isAnyOf(event,
+                   {QKeySequence::MoveToNextChar, QKeySequence::MoveToNextWord,
+                    QKeySequence::SelectNextChar, QKeySequence::SelectNextWord,
+                    QKeySequence::DeleteEndOfWord, QKeySequence::Delete, QKeySequence::DeleteEndOfLine});
+}
+
+} // namespace
+
+QTextCursor acrossSeam(const PiecedDocument &document, QTextCursor cursor, const QKeyEvent &event)
+{
+    if (cursor.hasSelection() && !selects(event))
+        return cursor;
+    int to = cursor.position();
+    if (goesBackward(event))
+        to = document.acrossSeamBackward(to);
+    else if (goesForward(event))
+        to = document.acrossSeamForward(to);
+    if (to != cursor.position())
+        cursor.setPosition(to, selects(event) ? QTextCursor::KeepAnchor : QTextCursor::MoveAnchor);
+    return cursor;
+}
