@@ -217,12 +217,12 @@ private slots:
     // Whatever is edited wherever, and taken back.
     void offsetsCountCharactersAndNoSeams()
     {
-        enter((longLine(5000) + u"\n短い行\n"_s).repeated(40));
+        enter((longLine(5000) + u"\n短い行\n"_s).repeated(14));
         PiecedDocument &document = m_text.document();
         QVERIFY(document.blockCount() > 300);
         QRandomGenerator random(7);
         QTextCursor cursor(&document);
-        for (int round = 0; round < 120; ++round) {
+        for (int round = 0; round < 100; ++round) {
             const int position = random.bounded(document.characterCount());
             const auto before = document.text(0, position).size();
             QCOMPARE(document.offsetOf(position), before);
