@@ -228,9 +228,11 @@ private slots:
             QCOMPARE(document.offsetOf(position), before);
             const int back = document.positionOf(int(before));
             QCOMPARE(back, document.acrossSeamBackward(position));
-            cursor.setPosition(random.bounded(document.characterCount()));
-            cursor.movePosition(QTextCursor::NextCharacter, QTextCursor::KeepAnchor,
-                                round % 3 == 0 ? random.bounded(3000) : 1);
+            const int start = random.bounded(document.characterCount());
+            const int length = round % 3 == 0 ? random.bounded(3000) : 1;
+            cursor.setPosition(start);
+            cursor.setPosition(std::min(start + length, document.characterCount() - 1),
+                               QTextCursor::KeepAnchor);
             if (round % 7 == 0)
                 document.undo();
             else if (round % 5 == 0)
