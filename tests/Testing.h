@@ -1,9 +1,14 @@
 #pragma once
 
+#include <QBuffer>
 #include <QFile>
+#include <QImage>
+#include <QTemporaryDir>
 #include <QTest>
 
 #include <tuple>
+
+using namespace Qt::StringLiterals;
 
 /// The cases of a test, for its data function: each has a name and the values that the test takes.
 template <class... Values> void cases(std::initializer_list<std::tuple<const char *, Values...>> all)
@@ -22,6 +27,14 @@ template <class... Values> std::tuple<Values...> values()
     using Tuple = std::tuple<Values...>;
     QFETCH(const Tuple, values);
     return values;
+}
+
+/// What a file of that picture holds.
+inline QByteArray png(const QImage &image)
+{
+    QBuffer file;
+    image.save(&file, "PNG");
+    return file.data();
 }
 
 /// The first of several actions, buttons or the like whose text begins so.

@@ -12,8 +12,6 @@
 #include <QPushButton>
 #include <QSlider>
 
-using namespace Qt::StringLiterals;
-
 class AppTest : public QObject {
     Q_OBJECT
 

@@ -8,13 +8,11 @@
 #include "platform/linux/DesktopEntries.h"
 #include "platform/linux/EntrySearch.h"
 
-#include <QBuffer>
 #include <QComboBox>
 #include <QDBusConnection>
 #include <QElapsedTimer>
 #include <QProcess>
 #include <QSemaphore>
-#include <QTemporaryDir>
 
 #include <fstream>
 #include <mutex>
@@ -25,7 +23,6 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-using namespace Qt::StringLiterals;
 using Names = std::vector<std::string>;
 namespace fs = std::filesystem;
 
@@ -71,6 +68,20 @@ private:
 
     std::mutex m_mutex;
     QStringList m_asked;
+};
+
+// A choice of browsers on such a desktop.
+struct Scene {
+    ScriptedWorkspace workspace;
+    State<QStringList> browsers;
+    State<QString> selected;
+    BrowserChoice choice;
+
+    explicit Scene(const BundleFolders &folders, std::vector<RegisteredApplication> registered = {})
+        : choice(browsers, selected, workspace, folders)
+    {
+        workspace.m_registered = std::move(registered);
+    }
 };
 
 // A browser that has been running for a while, and waits on the bus to be asked for a window.
@@ -190,18 +201,17 @@ private slots:
              u"Safari.app|Google Chrome.app|Firefox.app|Microsoft Edge.app|Opera.app|Brave Browser.app|"
              "Vivaldi.app|Arc.app|Notes.app"_s,
              u"Arc|Brave Browser|Firefox|Google Chrome|Microsoft Edge|Opera|Safari|Vivaldi"_s},
-            {"small letters come after the capitals", u"firefox developer edition.app|Vivaldi.app"_s,
-             u"Vivaldi|firefox developer edition"_s},
-            {"part of a word is enough", u"Searchlight.app|Operator.app|Knowledge.app"_s,
-             u"Knowledge|Operator|Searchlight"_s},
-            {"the ending is exact", u"Safari.APP|Safari|Safari.app~|.app|Arc.appx"_s, {}},
+            {"part of a word is enough, and small letters come last",
+             u"Searchlight.app|Operator.app|knowledge.app|firefox developer edition.app"_s,
+             u"Operator|Searchlight|firefox developer edition|knowledge"_s},
+            {"the ending is exact, and subfolders are not looked into",
+             u"Safari.APP|Safari|Safari.app~|.app|Arc.appx|.Safari.app|Utilities/Arc.app"_s, u".Safari"_s},
             {"every ending goes, once", u"Edge.app.app|Op.appera.app|Arc.ap.appp.app"_s,
              u"Arc.app|Edge|Opera"_s},
             {"the first folder's composition counts", u"Safari.app|Arc \u00e9.app"_s,
              u"Arc \u00e9|Safari"_s},
             {"the order is that of code points, not of their halves",
              u"Arc \U0001f98a.app|Arc \uff21.app|Arc z.app"_s, u"Arc z|Arc \uff21|Arc \U0001f98a"_s},
-            {"hidden names, and what subfolders hold", u".Safari.app|Utilities/Arc.app"_s, u".Safari"_s},
         });
     }
     void bundlesAreFoundByTheirNames()
@@ -236,25 +246,22 @@ private slots:
         }
     }
 
-    void portableProgramsAreShownWithoutTheirVersion_data()
-    {
-        cases<std::string, QStringList>({
-            {"version and machine", "firefox-128.0.r2024-x86_64.AppImage", {u"firefox"_s}},
-            {"a v before it", "Brave Browser v1.2.AppImage", {u"Brave Browser"_s}},
-            {"the machine alone", "Vivaldi-aarch64.AppImage", {u"Vivaldi"_s}},
-            {"no version", "Opera-Beta.AppImage", {u"Opera-Beta"_s}},
-            {"a digit that is part of the name", "Chrome2.AppImage", {u"Chrome2"_s}},
-            {"another program", "Krita-5.2.AppImage", {}},
-            {"another ending", "firefox.appimage", {}},
-        });
-    }
     void portableProgramsAreShownWithoutTheirVersion()
     {
-        const auto [file, found] = values<std::string, QStringList>();
-        write(m_folders.own / file, "");
+        const Names files{"firefox-128.0.r2024-x86_64.AppImage",
+                          "Brave Browser v1.2.AppImage",
+                          "Vivaldi-aarch64.AppImage",
+                          "Opera-Beta.AppImage",
+                          "Chrome2.AppImage",
+                          "Krita-5.2.AppImage",
+                          "Safari.appimage"};
+        for (const std::string &file : files)
+            write(m_folders.own / file, "");
         QCOMPARE(installedBrowsers(m_folders, {}), QStringList()); // not executable
-        fs::permissions(m_folders.own / file, fs::perms::owner_all);
-        QCOMPARE(installedBrowsers(m_folders, {}), found);
+        for (const std::string &file : files)
+            fs::permissions(m_folders.own / file, fs::perms::owner_all);
+        QCOMPARE(installedBrowsers(m_folders, {}).join(u'|'),
+                 u"Brave Browser|Chrome2|Opera-Beta|Vivaldi|firefox"_s);
     }
 
     void entriesDeclareBrowsers_data()
@@ -430,38 +437,33 @@ private slots:
 
     void theChosenBrowserIsLaunchedFromTheFirstPlace_data()
     {
-        cases<Names, bool, QStringList>({
+        const std::string own = "home/Applications/Arc.app", portable = "home/Applications/Arc-1.AppImage";
+        cases<Names, bool, QString>({
             {"everybody's before one's own",
-             {"Applications/Arc.app", "home/Applications/Arc.app"},
+             {"Applications/Arc.app", own},
              false,
-             {u"open Applications/Arc.app"_s}},
-            {"one's own", {"home/Applications/Arc.app"}, false, {u"open home/Applications/Arc.app"_s}},
-            {"the registered one", {"home/Applications/Arc-1.AppImage"}, false, {u"start Arc"_s}},
-            {"a portable one",
-             {"home/Applications/Arc-1.AppImage"},
-             true,
-             {u"open home/Applications/Arc-1.AppImage"_s}},
+             u"open Applications/Arc.app"_s},
+            {"one's own", {own}, false, u"open home/Applications/Arc.app"_s},
+            {"the registered one", {portable}, false, u"start Arc"_s},
+            {"a portable one", {portable}, true, u"open home/Applications/Arc-1.AppImage"_s},
         });
     }
     void theChosenBrowserIsLaunchedFromTheFirstPlace()
     {
-        const auto [present, isUninstalled, asked] = values<Names, bool, QStringList>();
-        ScriptedWorkspace workspace;
-        workspace.m_registered = {{.name = u"ウェブ"_s}, {.name = u"Arc"_s}};
+        const auto [present, isUninstalled, asked] = values<Names, bool, QString>();
+        Scene scene(m_folders, {{.name = u"ウェブ"_s}, {.name = u"Arc"_s}});
         fs::create_symlink("nowhere", m_folders.system / "Arc.app");
         for (const std::string &file : present) {
             fs::remove(inRoot(file));
             write(inRoot(file), "", 0755);
         }
-        State<QStringList> browsers;
-        State<QString> selected;
-        BrowserChoice choice(browsers, selected, workspace, m_folders);
-        choice.refill();
-        QTRY_COMPARE(selected.value(), u"Arc"_s);
-        QCOMPARE(browsers.value(), QStringList({u"Arc"_s, u"ウェブ"_s}));
-        workspace.m_isUninstalled = isUninstalled;
-        choice.launch();
-        QTRY_COMPARE(workspace.asked().replaceInStrings(m_root->path() + u'/', QString()), asked);
+        scene.choice.refill();
+        QTRY_COMPARE(scene.selected.value(), u"Arc"_s);
+        QCOMPARE(scene.browsers.value(), QStringList({u"Arc"_s, u"ウェブ"_s}));
+        scene.workspace.m_isUninstalled = isUninstalled;
+        scene.choice.launch();
+        QTRY_COMPARE(scene.workspace.asked().replaceInStrings(m_root->path() + u'/', QString()),
+                     QStringList(asked));
     }
 
     void aNameIsNoWayOutOfTheFolder()
@@ -469,15 +471,11 @@ private slots:
         write(inRoot("home/Downloads/Arc.app"), "", 0755);
         write(inRoot("home/Applications/Arc"), "", 0755);
         for (const QString &name : {u"../Downloads/Arc"_s, u"Arc"_s + QChar(u'\0')}) {
-            ScriptedWorkspace workspace;
-            workspace.m_registered = {{.name = name}};
-            State<QStringList> browsers;
-            State<QString> selected;
-            BrowserChoice choice(browsers, selected, workspace, m_folders);
-            choice.refill();
-            QTRY_COMPARE(selected.value(), name);
-            choice.launch();
-            QTRY_COMPARE(workspace.asked(), QStringList(u"start "_s + name));
+            Scene scene(m_folders, {{.name = name}});
+            scene.choice.refill();
+            QTRY_COMPARE(scene.selected.value(), name);
+            scene.choice.launch();
+            QTRY_COMPARE(scene.workspace.asked(), QStringList(u"start "_s + name));
         }
     }
 
@@ -485,30 +483,27 @@ private slots:
     {
         write(inRoot("registry/web.desktop"), "");
         fs::create_symlink("registry", inRoot("same"));
-        ScriptedWorkspace workspace;
+        Scene scene(m_folders);
         for (const char *entry :
              {"registry/web.desktop", "registry/org.example.web.desktop", "same/web.desktop",
               "registry/sub/web.desktop", "registry/top/web.desktop"})
-            workspace.m_registered.push_back({.name = u"Web"_s, .icon = {}, .entry = inRoot(entry)});
-        State<QStringList> browsers;
-        State<QString> selected;
-        BrowserChoice choice(browsers, selected, workspace, m_folders);
-        choice.refill();
+            scene.workspace.m_registered.push_back({.name = u"Web"_s, .icon = {}, .entry = inRoot(entry)});
+        scene.choice.refill();
         const QString top = FileName::text(inRoot("registry/top/web.desktop"));
         const QStringList names{u"Web"_s, u"Web ("_s + top + u')', u"Web (org.example.web)"_s,
                                 u"Web (web)"_s};
-        QTRY_COMPARE(browsers.value(), names);
+        QTRY_COMPARE(scene.browsers.value(), names);
         QStringList expected;
         for (const char *entry :
              {"web.desktop", "top/web.desktop", "org.example.web.desktop", "sub/web.desktop"}) {
-            selected = names[expected.size()];
-            expected += u"start "_s + selected + FileName::text(inRoot("registry") / entry);
-            choice.launch();
-            QTRY_COMPARE(workspace.asked(), expected);
+            scene.selected = names[expected.size()];
+            expected += u"start "_s + scene.selected + FileName::text(inRoot("registry") / entry);
+            scene.choice.launch();
+            QTRY_COMPARE(scene.workspace.asked(), expected);
         }
     }
 
-    void picturesAreReadWithoutAnybodyWaiting_data()
+    void picturesAreReadWithoutAnybodyWaiting()
     {
         const auto drawing = [](const std::string &content) {
             return "<svg xmlns='http://www.w3.org/2000/svg' xmlns:xlink='http://www.w3.org/1999/xlink' "
@@ -516,31 +511,22 @@ private slots:
                 + content + "</svg>";
         };
         const auto pixels = [](int width, int height) {
-            QByteArray png;
-            QBuffer buffer(&png);
-            QImage picture(width, height, QImage::Format_Mono);
-            picture.fill(0);
-            picture.save(&buffer, "png");
-            return png.toStdString();
+            return png(QImage(width, height, QImage::Format_Mono)).toStdString();
         };
-        cases<std::string, QSize>({
+        const std::tuple<const char *, std::string, QSize> pictures[]{
             {"a drawing, however large", drawing(""), {64, 32}},
             {"a picture", pixels(300, 150), {64, 32}},
             {"a small one", pixels(16, 16), {16, 16}},
             {"a gigantic one", pixels(5000, 5000), {}},
-            {"another file in a drawing",
-             drawing("<image width='9' height='9' xlink:href='/dev/zero'/>"),
-             {}},
+            {"another file", drawing("<image width='9' height='9' xlink:href='/dev/zero'/>"), {}},
             {"a drawing that grows", "<!DOCTYPE svg [<!ENTITY a 'x'>]>" + drawing("&a;"), {}},
             {"no picture", "none", {}},
-        });
-    }
-    void picturesAreReadWithoutAnybodyWaiting()
-    {
-        const auto [content, size] = values<std::string, QSize>();
-        write(inRoot("icon"), content);
-        QCOMPARE(smallPicture(FileName::text(inRoot("icon")), 64).size(),
-                 size.isValid() ? size : QSize(0, 0));
+        };
+        for (const auto &[name, content, size] : pictures) {
+            write(inRoot("icon"), content);
+            const QImage picture = smallPicture(FileName::text(inRoot("icon")), 64);
+            QVERIFY2(size.isValid() ? picture.size() == size : picture.isNull(), name);
+        }
     }
 
     void theIconsOfFilesAreShownWhenTheyAreRead()
@@ -550,14 +536,11 @@ private slots:
         const QString good = FileName::text(inRoot("good.png")), fifo = FileName::text(inRoot("fifo.png"));
         picture.save(good);
         QCOMPARE(::mkfifo(qPrintable(fifo), 0600), 0);
-        ScriptedWorkspace workspace;
-        workspace.m_registered = {{.name = u"A"_s, .icon = fifo, .entry = "a"},
-                                  {.name = u"B"_s, .icon = good, .entry = "b"},
-                                  {.name = u"C"_s, .icon = u"../../good"_s, .entry = "c"}};
-        State<QStringList> browsers;
-        State<QString> selected;
-        BrowserChoice choice(browsers, selected, workspace, m_folders);
-        const std::unique_ptr<QWidget> picker(BrowserPicker(browsers, selected, choice));
+        Scene scene(m_folders,
+                    {{.name = u"A"_s, .icon = fifo, .entry = "a"},
+                     {.name = u"B"_s, .icon = good, .entry = "b"},
+                     {.name = u"C"_s, .icon = u"../../good"_s, .entry = "c"}});
+        const std::unique_ptr<QWidget> picker(BrowserPicker(scene.browsers, scene.selected, scene.choice));
         picker->show();
         auto *list = picker->findChild<QComboBox *>();
         QTRY_COMPARE(list->count(), 3);
@@ -570,73 +553,63 @@ private slots:
 
     void whatDoesNotAnswerIsDoneWithout()
     {
-        ScriptedWorkspace workspace;
-        workspace.m_registered = {{.name = u"AA Web"_s}};
+        Scene scene(m_folders, {{.name = u"AA Web"_s}});
         QSemaphore mayAnswer;
-        workspace.m_looking = [&mayAnswer] { mayAnswer.acquire(); };
+        scene.workspace.m_looking = [&mayAnswer] { mayAnswer.acquire(); };
         fs::create_directories(m_folders.own / "Arc.app");
-        State<QStringList> browsers;
-        State<QString> selected;
-        BrowserChoice choice(browsers, selected, workspace, m_folders);
         QElapsedTimer time;
         time.start();
-        choice.refill();
-        choice.launch(); // of what isn't known yet
-        QTRY_COMPARE(workspace.asked(),
+        scene.choice.refill();
+        scene.choice.launch(); // of what isn't known yet
+        QTRY_COMPARE(scene.workspace.asked(),
                      QStringList(u"open "_s + FileName::text(m_folders.own / "Arc.app")));
         QVERIFY(time.elapsed() < 2000);
         fs::create_directories(m_folders.own / "Opera.app");
-        choice.refill(); // doesn't ask once more who hasn't answered yet
-        QTRY_COMPARE(browsers.value(), QStringList({u"Arc"_s, u"Opera"_s}));
+        scene.choice.refill(); // doesn't ask once more who hasn't answered yet
+        QTRY_COMPARE(scene.browsers.value(), QStringList({u"Arc"_s, u"Opera"_s}));
         mayAnswer.release();
-        QTRY_COMPARE(browsers.value(), QStringList({u"AA Web"_s, u"Arc"_s, u"Opera"_s}));
-        QCOMPARE(selected.value(), u"Arc"_s);
+        QTRY_COMPARE(scene.browsers.value(), QStringList({u"AA Web"_s, u"Arc"_s, u"Opera"_s}));
+        QCOMPARE(scene.selected.value(), u"Arc"_s);
     }
 
     void thePickerStartsAnewWheneverItAppears()
     {
-        ScriptedWorkspace workspace;
+        Scene scene(m_folders);
         fs::create_directories(m_folders.own / "Arc.app");
         fs::create_directories(m_folders.own / "Safari.app");
-        State<QStringList> browsers;
-        State<QString> selected;
-        BrowserChoice choice(browsers, selected, workspace, m_folders);
-        const std::unique_ptr<QWidget> picker(BrowserPicker(browsers, selected, choice));
+        const std::unique_ptr<QWidget> picker(BrowserPicker(scene.browsers, scene.selected, scene.choice));
         auto *list = picker->findChild<QComboBox *>();
         QCOMPARE(list->count(), 0);
         picker->show();
         QTRY_COMPARE(list->currentText(), u"Arc"_s);
         QTest::keyClick(list, Qt::Key_Down);
-        QCOMPARE(selected.value(), u"Safari"_s);
+        QCOMPARE(scene.selected.value(), u"Safari"_s);
         fs::create_directories(m_folders.own / "Opera.app");
         picker->hide();
         picker->show();
         QTRY_COMPARE(list->count(), 3);
-        QCOMPARE(selected.value(), u"Arc"_s);
+        QCOMPARE(scene.selected.value(), u"Arc"_s);
     }
 
     void theLastAppearFilterCounts()
     {
-        ScriptedWorkspace workspace;
+        Scene scene(m_folders);
         QSemaphore firstMayEnd;
         std::atomic<int> looks = 0;
-        workspace.m_looking = [&] {
+        scene.workspace.m_looking = [&] {
             if (looks++ == 0)
                 firstMayEnd.acquire();
         };
-        State<QStringList> browsers;
-        State<QString> selected;
-        BrowserChoice choice(browsers, selected, workspace, m_folders);
-        choice.refill();
+        scene.choice.refill();
         QTRY_COMPARE(looks.load(), 1);
         fs::create_directories(m_folders.own / "Arc.app");
-        choice.refill();
-        QTRY_COMPARE(selected.value(), u"Arc"_s);
+        scene.choice.refill();
+        QTRY_COMPARE(scene.selected.value(), u"Arc"_s);
         fs::remove(m_folders.own / "Arc.app");
         firstMayEnd.release();
         QTRY_VERIFY(Workers::waiting().isIdle());
         QTest::qWait(50);
-        QCOMPARE(selected.value(), u"Arc"_s);
+        QCOMPARE(scene.selected.value(), u"Arc"_s);
     }
 };
 

@@ -12,10 +12,7 @@
 #include <QPushButton>
 #include <QSemaphore>
 #include <QSlider>
-#include <QTemporaryDir>
 #include <QTreeView>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -64,6 +61,15 @@ class ContentViewTest : public QObject {
                                 },
                                 m_folder.path()};
 
+    // The content of a window and what shows it, which goes first.
+    static std::pair<std::unique_ptr<ContentView>, std::unique_ptr<Frame>> shown(Surroundings &surroundings)
+    {
+        auto content = std::make_unique<ContentView>(surroundings);
+        auto view = std::unique_ptr<Frame>(content->body());
+        view->show();
+        return {std::move(content), std::move(view)};
+    }
+
     static QStringList visibleTexts(const QWidget &view)
     {
         QStringList texts;
@@ -110,9 +116,7 @@ private slots:
 
     void selectingARowShowsWhoAndWhere()
     {
-        ContentView content(m_surroundings);
-        const std::unique_ptr<Frame> view(content.body());
-        view->show();
+        const auto [content, view] = shown(m_surroundings);
         auto *tree = view->findChild<QTreeView *>();
         const QStringList expected{
             u"機械&1"_s, u"<b>taro</b>"_s,
@@ -127,9 +131,7 @@ private slots:
         // A directory service that doesn't answer keeps no window waiting.
         m_host.m_mayAnswer.acquire();
         {
-            ContentView another(m_surroundings);
-            const std::unique_ptr<Frame> itsView(another.body());
-            itsView->show();
+            const auto [another, itsView] = shown(m_surroundings);
             auto *itsTree = itsView->findChild<QTreeView *>();
             itsTree->setCurrentIndex(itsTree->model()->index(0, 0));
             QCOMPARE(visibleTexts(*itsView), QStringList({expected[0], {}, expected[2]}));
@@ -146,9 +148,7 @@ private slots:
 
     void atNoSizeDoesAnythingOverlap()
     {
-        ContentView content(m_surroundings);
-        const std::unique_ptr<Frame> view(content.body());
-        view->show();
+        const auto [content, view] = shown(m_surroundings);
         for (int width = 100; width <= 1199; width += 41) {
             for (const int height : {100, 200, 350, 650}) {
                 view->resize(width, height);
@@ -177,9 +177,7 @@ private slots:
 
     void thePdfIsAimedAtTheDownloads()
     {
-        ContentView content(m_surroundings);
-        const std::unique_ptr<Frame> view(content.body());
-        view->show();
+        const auto [content, view] = shown(m_surroundings);
         view->findChild<TextPane *>()->insertPlainText(u"打ったばかり。"_s);
         auto *button = titled(u"簡易PDF"_s, view->findChildren<QPushButton *>());
         button->click();
@@ -216,10 +214,8 @@ private slots:
         Surroundings elsewhere = m_surroundings;
         elsewhere.downloads = m_folder.filePath(u"gone"_s);
         m_printed.clear();
-        ContentView content(elsewhere);
-        const std::unique_ptr<Frame> view(content.body());
-        view->show();
-        content.savePDF(u"a"_s);
+        const auto [content, view] = shown(elsewhere);
+        content->savePDF(u"a"_s);
         QTRY_COMPARE(view->findChildren<QMessageBox *>().size(), 1);
         QVERIFY(view->findChild<QMessageBox *>()->informativeText().contains(u"ダウンロード"_s));
         QVERIFY(m_printed.isEmpty());
@@ -227,12 +223,10 @@ private slots:
 
     void theEditMenuActsOnTheText()
     {
-        ContentView content(m_surroundings);
-        const std::unique_ptr<Frame> view(content.body());
-        view->show();
+        const auto [content, view] = shown(m_surroundings);
         auto *pane = view->findChild<TextPane *>();
         QMenu menu;
-        content.fillEditMenu(menu);
+        content->fillEditMenu(menu);
         const auto item = [&](const QString &title) { return titled(title, menu.actions()); };
         QVERIFY(!item(u"元に戻す"_s)->isEnabled());
         QVERIFY(!item(u"コピー"_s)->isEnabled());

@@ -8,12 +8,9 @@
 #include <QDialogButtonBox>
 #include <QMainWindow>
 #include <QMessageBox>
-#include <QTemporaryDir>
 #include <QTimer>
 #include <QToolBar>
 #include <QToolButton>
-
-using namespace Qt::StringLiterals;
 
 class EventsTest : public QObject {
     Q_OBJECT

@@ -9,7 +9,6 @@
 
 #include <QDir>
 #include <QFileInfo>
-#include <QTemporaryDir>
 
 #include <algorithm>
 #include <cerrno>
@@ -26,8 +25,6 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-using namespace Qt::StringLiterals;
-
 namespace {
 QStringList synced; // the names of what was put on disk
 }
@@ -43,6 +40,12 @@ class FilesTest : public QObject {
     Q_OBJECT
 
     QTemporaryDir m_folder;
+
+    // A group of processes, and what is told of its memory.
+    struct Group {
+        QString path;
+        const char *max, *current, *high = nullptr;
+    };
 
     QString write(const QString &name, const QByteArray &content) const
     {
@@ -106,56 +109,48 @@ private slots:
 
     void aGroupHasNoMoreThanThoseThatItIsIn_data()
     {
-        using Files = std::vector<std::pair<const char *, const char *>>;
         constexpr qint64 mebibyte = 1 << 20;
-        const char *statistics = "anon 9\nactive_file 1048576\ninactive_file 1048576\n";
-        const char *oldStatistics = "active_file 7\ntotal_active_file 0\ntotal_inactive_file 0\n";
-        cases<Files, qint64>({
-            {"no groups at all", {}, 1024 * mebibyte},
-            {"the group that one sees as the first",
-             {{"sys/fs/cgroup/memory.max", "104857600"},
-              {"sys/fs/cgroup/memory.current", "41943040"},
-              {"sys/fs/cgroup/memory.stat", statistics}},
-             62 * mebibyte},
+        cases<const char *, std::vector<Group>, qint64>({
+            {"no groups at all", "", {}, 1024 * mebibyte},
+            {"the group that one sees as the first", "", {{{}, "104857600", "41943040"}}, 62 * mebibyte},
             {"a limit above",
-             {{"proc/self/cgroup", "1:name=systemd:/a/b\n0::/user.slice/run.scope\n"},
-              {"sys/fs/cgroup/user.slice/memory.max", "83886080"},
-              {"sys/fs/cgroup/user.slice/memory.current", "2097152"},
-              {"sys/fs/cgroup/user.slice/memory.stat", statistics},
-              {"sys/fs/cgroup/user.slice/run.scope/memory.max", "max"},
-              {"sys/fs/cgroup/user.slice/run.scope/memory.current", "1048576"},
-              {"sys/fs/cgroup/user.slice/run.scope/memory.stat", statistics}},
+             "1:name=systemd:/a/b\n0::/user.slice/run.scope\n",
+             {{u"user.slice"_s, "83886080", "2097152"}, {u"user.slice/run.scope"_s, "max", "1048576"}},
              80 * mebibyte},
             {"where it is slowed down",
-             {{"proc/self/cgroup", "0::/run.scope\n"},
-              {"sys/fs/cgroup/run.scope/memory.max", "83886080"},
-              {"sys/fs/cgroup/run.scope/memory.high", "52428800"},
-              {"sys/fs/cgroup/run.scope/memory.current", "12582912"},
-              {"sys/fs/cgroup/run.scope/memory.stat", statistics}},
+             "0::/run.scope\n",
+             {{u"run.scope"_s, "83886080", "12582912", "52428800"}},
              40 * mebibyte},
             {"groups of the first generation",
-             {{"proc/self/cgroup", "5:cpu,cpuacct:/x\n4:memory:/jobs/one\n0::/\n"},
-              {"sys/fs/cgroup/memory/jobs/memory.limit_in_bytes", "31457280"},
-              {"sys/fs/cgroup/memory/jobs/memory.usage_in_bytes", "1048576"},
-              {"sys/fs/cgroup/memory/jobs/memory.stat", oldStatistics},
-              {"sys/fs/cgroup/memory/jobs/one/memory.limit_in_bytes", "9223372036854771712"},
-              {"sys/fs/cgroup/memory/jobs/one/memory.usage_in_bytes", "1048576"},
-              {"sys/fs/cgroup/memory/jobs/one/memory.stat", oldStatistics}},
+             "5:cpu,cpuacct:/x\n4:memory:/jobs/one\n0::/\n",
+             {{u"memory/jobs"_s, "31457280", "1048576"},
+              {u"memory/jobs/one"_s, "9223372036854771712", "1048576"}},
              29 * mebibyte},
         });
     }
     void aGroupHasNoMoreThanThoseThatItIsIn()
     {
-        const auto [files, left] = values<std::vector<std::pair<const char *, const char *>>, qint64>();
+        const auto [own, groups, left] = values<const char *, std::vector<Group>, qint64>();
         const QTemporaryDir root;
-        const auto put = [&root](const char *file, const char *content) {
-            const QString path = root.filePath(QString::fromLatin1(file));
+        const auto put = [&root](const QString &file, const char *content) {
+            const QString path = root.filePath(file);
             QDir().mkpath(QFileInfo(path).path());
             written(path, content);
         };
-        put("proc/meminfo", "MemFree: 1 kB\nMemAvailable: 1048576 kB\n");
-        for (const auto &[file, content] : files)
-            put(file, content);
+        put(u"proc/meminfo"_s, "MemFree: 1 kB\nMemAvailable: 1048576 kB\n");
+        if (*own)
+            put(u"proc/self/cgroup"_s, own);
+        for (const Group &group : groups) {
+            const QString file = u"sys/fs/cgroup/"_s + group.path + u"/memory."_s;
+            const bool isOld = group.path.startsWith(u"memory/"_s);
+            put(file + (isOld ? u"limit_in_bytes"_s : u"max"_s), group.max);
+            put(file + (isOld ? u"usage_in_bytes"_s : u"current"_s), group.current);
+            put(file + u"stat"_s,
+                isOld ? "active_file 7\ntotal_active_file 0\ntotal_inactive_file 0\n"
+                      : "anon 9\nactive_file 1048576\ninactive_file 1048576\n");
+            if (group.high)
+                put(file + u"high"_s, group.high);
+        }
         QCOMPARE(availableMemory(root.path().toStdString()), left);
     }
 

@@ -11,8 +11,6 @@
 #include <QTextBlock>
 #include <QTextLayout>
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 class Pane : public TextPane {

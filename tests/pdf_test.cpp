@@ -2,18 +2,13 @@
 #include "pdf/PngPixels.h"
 #include "pdf/TextPdf.h"
 
-#include <QBuffer>
 #include <QColor>
-#include <QImage>
 #include <QProcess>
 #include <QRectF>
 #include <QRegularExpression>
-#include <QTemporaryDir>
 
 #include <algorithm>
 #include <map>
-
-using namespace Qt::StringLiterals;
 
 // What is in the documents is asked of a reader that has nothing in common with their maker.
 class PdfTest : public QObject {
@@ -63,13 +58,6 @@ class PdfTest : public QObject {
                             QRectF(QPointF(number(1), number(2)), QPointF(number(3), number(4))));
         }
         return all;
-    }
-
-    static QByteArray png(const QImage &image)
-    {
-        QBuffer file;
-        image.save(&file, "PNG");
-        return file.data();
     }
 
     // Of many colours, half of them seen through.
@@ -143,29 +131,20 @@ private slots:
         }
     }
 
-    void picturesKeepTheirPixels_data()
-    {
-        cases<QImage::Format>({
-            {"colours", QImage::Format_RGB888},
-            {"colours, seen through", QImage::Format_RGBA8888},
-            {"more colours, seen through", QImage::Format_RGBA64},
-            {"a palette, seen through", QImage::Format_Indexed8},
-            {"greys", QImage::Format_Grayscale8},
-            {"black and white", QImage::Format_Mono},
-        });
-    }
     void picturesKeepTheirPixels()
     {
-        const auto [format] = values<QImage::Format>();
-        const QImage image = gradient(format);
-        const auto pixels = pngPixels(png(image).toStdString());
-        QVERIFY(pixels);
-        QCOMPARE(pixels->hasOpacity, image.hasAlphaChannel());
-        const QImage read(pixels->bytes.data(), pixels->width, pixels->height, QImage::Format_RGBA8888);
-        QCOMPARE(read, image.convertToFormat(QImage::Format_RGBA8888));
+        for (const QImage::Format format :
+             {QImage::Format_RGB888, QImage::Format_RGBA8888, QImage::Format_RGBA64,
+              QImage::Format_Indexed8, QImage::Format_Grayscale8, QImage::Format_Mono}) {
+            const QImage image = gradient(format);
+            const auto pixels = pngPixels(png(image).toStdString());
+            QVERIFY2(pixels && pixels->hasOpacity == image.hasAlphaChannel(), QByteArray::number(format));
+            const QImage read(pixels->bytes.data(), pixels->width, pixels->height, QImage::Format_RGBA8888);
+            QVERIFY2(read == image.convertToFormat(QImage::Format_RGBA8888), QByteArray::number(format));
+        }
     }
 
-    void aPictureThatIsDamagedOrHugeIsNone_data()
+    void aPictureThatIsDamagedOrHugeIsNone()
     {
         const QByteArray whole = png(gradient(QImage::Format_RGBA8888));
         const auto claiming = [&](const char *size) { // what the header says of a picture of gigabytes
@@ -174,7 +153,7 @@ private slots:
         };
         QByteArray wrong = whole;
         wrong[wrong.size() / 2] = char(~wrong[wrong.size() / 2]);
-        cases<QByteArray>({
+        const std::pair<const char *, QByteArray> files[]{
             {"nothing", {}},
             {"no picture", "<svg/>"},
             {"a header alone", whole.left(33)},
@@ -183,12 +162,9 @@ private slots:
             {"30,000 by 30,000 in its header", claiming("000075300000753008060000006627f8ba")},
             {"a million by a million", claiming("000f4240000f424008060000005c6d387d")},
             {"100 MB of white", png(QImage(5000, 5000, QImage::Format_Mono))},
-        });
-    }
-    void aPictureThatIsDamagedOrHugeIsNone()
-    {
-        const auto [bytes] = values<QByteArray>();
-        QVERIFY(!pngPixels(bytes.toStdString()));
+        };
+        for (const auto &[name, bytes] : files)
+            QVERIFY2(!pngPixels(bytes.toStdString()), name);
     }
 
     void whatIsNoCharacterHarmsNothing()

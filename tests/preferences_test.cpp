@@ -5,7 +5,6 @@
 
 #include <QElapsedTimer>
 #include <QSettings>
-#include <QTemporaryDir>
 
 #include <csignal>
 #include <limits>
@@ -14,8 +13,6 @@
 #include <sys/file.h>
 #include <sys/wait.h>
 #include <unistd.h>
-
-using namespace Qt::StringLiterals;
 
 class PreferencesTest : public QObject {
     Q_OBJECT
@@ -28,9 +25,9 @@ class PreferencesTest : public QObject {
     QString fileWith(const QByteArray &content) { return written(newFile(), content); }
 
 private slots:
-    void integersAreReadFromWhateverIsStored_data()
+    void integersAreReadFromWhateverIsStored()
     {
-        cases<QByteArray, qint64>({
+        const std::tuple<const char *, QByteArray, qint64> lines[]{
             {"an absent key reads as 0", "BirdPX5=3", 0},
             {"a number", "CatPX5=3", 3},
             {"a negative number", "CatPX5=-4", -4},
@@ -44,13 +41,10 @@ private slots:
             {"Japanese digits are no number", "CatPX5=３", 0},
             {"too large a number is the largest", "CatPX5=99999999999999999999",
              std::numeric_limits<qint64>::max()},
-        });
-    }
-    void integersAreReadFromWhateverIsStored()
-    {
-        const auto [line, expected] = values<QByteArray, qint64>();
-        const UserDefaults store(fileWith("[General]\n" + line + '\n'));
-        QCOMPARE(store.integer(Key::CatPX5), expected);
+        };
+        for (const auto &[name, line, expected] : lines)
+            QVERIFY2(UserDefaults(fileWith("[General]\n" + line + '\n')).integer(Key::CatPX5) == expected,
+                     name);
     }
 
     void valuesSurviveARestart()

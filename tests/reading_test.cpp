@@ -12,9 +12,6 @@
 #include <QFileDialog>
 #include <QMimeData>
 #include <QSignalSpy>
-#include <QTemporaryDir>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -50,6 +47,7 @@ class ReadingTest : public QObject {
     ScriptedPanel m_panel;
     ReadingText m_text;
     State<qint64> m_sp1, m_sp2;
+    const State<double> m_size{14};
     TextLoading m_loading{m_text, m_sp1, m_sp2, m_store, [this](QWidget *) { return &m_panel; }};
 
     QString write(const QString &name, const QByteArray &content) const
@@ -92,8 +90,7 @@ private slots:
 
     void anEditIsTheTextAtOnce()
     {
-        const State<double> size{14};
-        TextPane pane(m_text, size);
+        TextPane pane(m_text, m_size);
         m_text.setValue(u"一\r\n二"_s);
         QTest::keyClick(&pane, Qt::Key_End, Qt::ControlModifier);
         QTest::keyClicks(&pane, u"abc"_s);
@@ -105,8 +102,7 @@ private slots:
     void onlyPlainTextIsPasted()
     {
         ReadingText text;
-        const State<double> size{14};
-        Pane pane(text, size);
+        Pane pane(text, m_size);
         const QMimeData empty;
         pane.insertFromMimeData(nullptr);
         pane.insertFromMimeData(&empty);
@@ -181,8 +177,7 @@ private slots:
     void whatReplacedTheTextIsTakenBackInOneStep()
     {
         ReadingText text;
-        const State<double> size{14};
-        TextPane pane(text, size);
+        TextPane pane(text, m_size);
         pane.resize(300, 100);
         pane.show();
         text.setValue(u"最初"_s);
@@ -213,8 +208,7 @@ private slots:
 
     void whatIsTypedWhileAFileLoadsIsTypedIntoIt()
     {
-        const State<double> size{14};
-        TextPane pane(m_text, size);
+        TextPane pane(m_text, m_size);
         connect(&m_loading, &TextLoading::began, &pane, [&] { pane.patience().begin(u"…"_s); });
         connect(&m_loading, &TextLoading::ended, &pane, [&] { pane.patience().end(); });
         connect(&pane.patience(), &Patience::givenUp, &m_loading, &TextLoading::stop);
@@ -240,8 +234,7 @@ private slots:
     void aLargePasteIsOneStepAndLosesNoKey()
     {
         ReadingText text;
-        const State<double> size{14};
-        Pane pane(text, size);
+        Pane pane(text, m_size);
         text.setValue(u"前中後"_s);
         QTest::keyClick(&pane, Qt::Key_Right);
         QTest::keyClick(&pane, Qt::Key_Right, Qt::ShiftModifier);

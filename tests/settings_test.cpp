@@ -1,13 +1,10 @@
+#include "Testing.h"
 #include "preferences/PreferenceKeys.h"
 #include "settings/SettingsView.h"
 #include "view/Frame.h"
 
 #include <QCheckBox>
 #include <QLabel>
-#include <QTemporaryDir>
-#include <QTest>
-
-using namespace Qt::StringLiterals;
 
 class SettingsTest : public QObject {
     Q_OBJECT

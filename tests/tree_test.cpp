@@ -1,13 +1,11 @@
+#include "Testing.h"
 #include "tree/Node.h"
 #include "tree/Sidebar.h"
 
 #include <QAbstractItemModelTester>
 #include <QInputMethodEvent>
 #include <QSet>
-#include <QTest>
 #include <QTreeView>
-
-using namespace Qt::StringLiterals;
 
 class TreeTest : public QObject {
     Q_OBJECT

@@ -1,3 +1,4 @@
+#include "Testing.h"
 #include "view/Controls.h"
 #include "view/Modifiers.h"
 #include "view/Stacks.h"
@@ -5,9 +6,7 @@
 
 #include <QLabel>
 #include <QSlider>
-#include <QTest>
 
-using namespace Qt::StringLiterals;
 using Widget = std::unique_ptr<QWidget>;
 
 class ViewTest : public QObject {
