@@ -33,6 +33,12 @@ QSemaphore directoryMayAnswer(1);
 // A desktop that takes note of what it is asked for.
 class ScriptedWorkspace : public Workspace {
 public:
+    ~ScriptedWorkspace() override
+    {
+        while (!Workers::waiting().isIdle()) // they may still have something to say to it
+            QThread::yieldCurrentThread();
+    }
+
     bool openBundle(const fs::path &bundle) override
     {
         note(u"open "_s + FileName::text(bundle));
