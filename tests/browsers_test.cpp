@@ -597,7 +597,7 @@ private slots:
         QCOMPARE(scene.selected.value(), u"Arc"_s);
     }
 
-    void theLastAppearFilterCounts()
+    void theLastAppearanceCounts()
     {
         Scene scene(m_folders);
         QSemaphore firstMayEnd;

@@ -25,6 +25,8 @@ private slots:
             {"ISO-2022-JP", "1b2442442b21224c5c242c33502461243f244e2447416b2472332b2431243f21231b2842",
              morning},
             {"UTF-16 without", "671d306e98a8306f000a", u"朝の風は\n"_s},
+            {"UTF-16 whose bytes would be UTF-8", "480065006c006c006f002c00200077006f0072006c0064000a00",
+             u"Hello, world\n"_s},
             {"half-width kana", "c3deb0c020a620cebfdedd20bccfbcc0", u"ﾃﾞｰﾀ ｦ ﾎｿﾞﾝ ｼﾏｼﾀ"_s},
             {"a vendor's additions to the standard", "8740878aeee0ed9582b382f182cc8782825681608756",
              u"①㈱髙﨑さんの№７～Ⅲ"_s},
