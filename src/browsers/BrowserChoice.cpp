@@ -191,7 +191,7 @@ std::optional<RegisteredApplication> BrowserChoice::registeredAs(const QString &
 QString BrowserChoice::icon(const QString &browser) const
 {
     for (const Place *place : {&m_system, &m_own}) {
-        if (const QString icon = place->offer.icons.value(browser); !icon.isEmpty())
+        if (QString icon = place->offer.icons.value(browser); !icon.isEmpty())
             return icon;
     }
     const auto application = registeredAs(browser);

@@ -32,7 +32,7 @@ bool isSafe(const QByteArray &format, const QByteArray &content)
 
 QIcon IconFiles::icon(const QString &file)
 {
-    const QIcon known = m_icons.value().value(file);
+    QIcon known = m_icons.value().value(file);
     if (m_asked.contains(file))
         return known;
     m_asked.insert(file);

@@ -124,7 +124,8 @@ std::optional<QString> convertHalves(QByteArrayView bytes, qsizetype middle, con
                                      [=, &encoding] { return convertAll(bytes.first(middle), encoding); });
     if (!first || !later)
         return std::nullopt;
-    return std::move(*first) + *later;
+    *first += *later;
+    return std::move(first);
 }
 
 } // namespace

@@ -203,9 +203,9 @@ void TextVersion::end()
 void TextVersion::noteEdit()
 {
     m_isTouched = true;
-    if (Entering *rest = entering())
+    if (Entering *rest = entering()) {
         rest->isEdited = true;
-    else if (auto *beside = std::get_if<Beside>(&m_state)) {
+    } else if (auto *beside = std::get_if<Beside>(&m_state)) {
         letGo(std::move(beside->text));
         m_state = InDocument();
     }
