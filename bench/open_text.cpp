@@ -188,7 +188,9 @@ void openInMainWindow(const QStringList &files, bool isUsed)
     watch.untilPainted([&] { pane->viewport()->update(); });
     for (const QString &file : files) {
         window.content().openText();
-        auto *dialog = window.findChild<QFileDialog *>();
+        QFileDialog *dialog = nullptr;
+        while (!(dialog = window.findChild<QFileDialog *>()))
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
         dialog->selectFile(file);
         std::optional<Use> use;
         const auto result = watch.during([&] {
