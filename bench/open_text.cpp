@@ -187,6 +187,7 @@ void openInMainWindow(const QStringList &files, bool isUsed)
     Watch watch(pane);
     watch.untilPainted([&] { pane->viewport()->update(); });
     for (const QString &file : files) {
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); // the panel before
         window.content().openText();
         QFileDialog *dialog = nullptr;
         while (!(dialog = window.findChild<QFileDialog *>()))

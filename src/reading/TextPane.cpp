@@ -59,6 +59,7 @@ void TextPane::showDocument()
     setDocument(shown);
     if (shown->defaultFont() != font())
         shown->setDefaultFont(font());
+    viewport()->update(); // which the edit leaves to the next change
 }
 
 void TextPane::showAssigned()
