@@ -158,7 +158,7 @@ std::optional<QString> IniText::value(QLatin1StringView key) const
     const auto found = std::find_if(m_lines.rbegin(), m_lines.rend(), isKey); // the last one counts
     if (found == m_lines.rend())
         return std::nullopt;
-    const auto text = decoded(found->value);
+    auto text = decoded(found->value);
     if (!text || !text->startsWith(u'@'))
         return text;
     return text->startsWith(QLatin1StringView("@@")) ? std::optional(text->sliced(1)) : std::nullopt;

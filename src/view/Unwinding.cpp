@@ -9,7 +9,8 @@ using namespace std::chrono_literals;
 
 namespace {
 
-void deleteSoon(const QPointer<QObject> &object, std::chrono::milliseconds later)
+// Called for nothing when somebody else has deleted it by then.
+void deleteSoon(QObject *object, std::chrono::milliseconds later)
 {
     QTimer::singleShot(later, object, [object] {
         constexpr int ownLoop = 1; // the application's

@@ -111,7 +111,7 @@ private:
             say(u"take no file"_s);
             return files->reject();
         }
-        const QString name = names[m_random.bounded(names.size())];
+        const QString &name = names[m_random.bounded(names.size())];
         say(u"take %1"_s.arg(name));
         files->selectFile(QDir::home().filePath(name));
         QMetaObject::invokeMethod(files, "accept");

@@ -30,7 +30,7 @@ template <class Make> std::string freeNameBeside(const std::string &folder, Make
 {
     constexpr int mostTries = 1000;
     for (int tries = 0; tries < mostTries; ++tries) {
-        const std::string name = nameBeside(folder);
+        std::string name = nameBeside(folder);
         if (make(name.c_str()))
             return name;
         if (errno != EEXIST)
