@@ -4,6 +4,7 @@
 #include "preferences/PreferenceKeys.h"
 #include "preferences/UserDefaults.h"
 #include "view/Alert.h"
+#include "view/Unwinding.h"
 
 #include <QDialogButtonBox>
 #include <QMainWindow>
@@ -143,6 +144,7 @@ private slots:
             {"Escape", [=](Alerting &) { press(Qt::Key_Escape); }, u"Cancel"_s},
             {"the close button", [](Alerting &scene) { scene.alert()->close(); }, u"Cancel"_s},
             {"the state that it shows", [](Alerting &scene) { scene.showAlert = false; }, {}},
+            {"the end of its window", [](Alerting &scene) { cancelDialogs(&scene.window); }, {}},
             {"the end of the application",
              [](Alerting &) {
                  QTimer::singleShot(0, qApp, &QCoreApplication::quit);

@@ -23,7 +23,8 @@ public:
         qApp->installEventFilter(this);
     }
 
-    bool endsWithApplication() const { return m_endsWithApplication; }
+    /// Somebody did it: what ends it with its window or with the application doesn't press a button.
+    bool isAnswered() const { return !m_endsWithApplication && (m_isClosed || clickedButton()); }
 
     bool eventFilter(QObject *receiver, QEvent *event) override
     {
@@ -32,8 +33,16 @@ public:
         return QMessageBox::eventFilter(receiver, event);
     }
 
+protected:
+    void closeEvent(QCloseEvent *event) override
+    {
+        m_isClosed = true;
+        QMessageBox::closeEvent(event);
+    }
+
 private:
     bool m_endsWithApplication = false;
+    bool m_isClosed = false;
 };
 
 QMessageBox *newAlert(const QString &title, const AlertActions &act, State<bool> &showAlert,
@@ -51,7 +60,7 @@ QMessageBox *newAlert(const QString &title, const AlertActions &act, State<bool>
     alert->setDefaultButton(ok);
     alert->setEscapeButton(cancel);
     QObject::connect(alert, &QDialog::finished, alert, [alert, ok, act, &showAlert] {
-        if (!alert->endsWithApplication())
+        if (alert->isAnswered())
             (alert->clickedButton() == ok ? act.ok : act.cancel)();
         showAlert = false;
     });
