@@ -6,7 +6,7 @@ import sys
 
 SRC = pathlib.Path(__file__).resolve().parent.parent / "src"
 WALL = {"decoding": set(), "typesetting": set(), "pdf": {"typesetting"}}  # see the world outside as little
-FLOORS = [{"platform"}, {"preferences", "view"}, {"document", "printing"},
+FLOORS = [{"platform"}, {"preferences", "view", "worker"}, {"document", "printing"},
           {"browsers", "play", "reading", "settings", "simulation", "tree"}, {"main_window"}, {"app"}]
 QT_OF_THE_WALL = {"QByteArray", "QByteArrayView", "QChar", "QString", "QStringView", "QtEndian", "QtGlobal"}
 

@@ -222,7 +222,7 @@ private slots:
         QCOMPARE(pages.format.left, 30.0);
         QCOMPARE(pages.format.bottom, 40.0);
         QCOMPARE(pages.format.longestLine, 100.0);
-        QVERIFY(pages.copies == 2 && pages.lastFirst && pages.grey && !pages.wants);
+        QVERIFY(pages.copies == 2 && pages.lastFirst && pages.grey && pages.ranges.empty());
     }
 
     void aPrinterThatTakesNoJobsSaysWhy()

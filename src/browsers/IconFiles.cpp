@@ -2,31 +2,11 @@
 
 #include "platform/Background.h"
 #include "platform/RegularFile.h"
-
-#include <QBuffer>
-#include <QImageReader>
-#include <QRegularExpression>
-
-using namespace Qt::StringLiterals;
+#include "worker/Errands.h"
 
 namespace {
 
 constexpr qint64 largestFile = 1 << 20; // bytes
-constexpr int largestSide = 2048;       // pixels
-
-// A drawing may name other files, grow while it is read, or be packed so that one can't see what is in it.
-bool isSelfContained(const QByteArray &drawing)
-{
-    static const QRegularExpression others(u"[<:]image[\\s/>]|<!ENTITY|\\x00|^\\x1f\\x8b"_s);
-    return !others.match(QString::fromLatin1(drawing)).hasMatch();
-}
-
-bool isSafe(const QByteArray &format, const QByteArray &content)
-{
-    if (format == "svg")
-        return isSelfContained(content);
-    return QByteArrayList{"png", "xpm", "jpeg", "ico", "webp", "gif", "bmp"}.contains(format);
-}
 
 } // namespace
 
@@ -49,23 +29,10 @@ QIcon IconFiles::icon(const QString &file)
 
 QImage smallPicture(const QString &file, int side)
 {
-    QByteArray content = readRegularFile(file, largestFile).value_or(QByteArray());
-    QBuffer buffer(&content);
-    buffer.open(QBuffer::ReadOnly);
-    const QByteArray format = QImageReader::imageFormat(&buffer);
-    if (!isSafe(format, content))
+    const auto content = readRegularFile(file, largestFile);
+    if (!content)
         return {};
-    QImageReader reader(&buffer, format);
-    const QSize size = reader.size();
-    const bool isDrawing = format == "svg";
-    if (size.isEmpty() || (!isDrawing && std::max(size.width(), size.height()) > largestSide))
-        return {};
-    if (isDrawing) {
-        reader.setScaledSize(size.scaled(side, side, Qt::KeepAspectRatio).expandedTo({1, 1}));
-        return reader.read();
-    }
-    const QImage picture = reader.read();
-    return picture.width() <= side && picture.height() <= side
-        ? picture
-        : picture.scaled(side, side, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    const SmallPicture picture = pictureByWorker(*content, side);
+    const auto *pixels = reinterpret_cast<const uchar *>(picture.pixels.constData());
+    return QImage(pixels, picture.width, picture.height, QImage::Format_ARGB32_Premultiplied).copy();
 }

@@ -8,7 +8,3 @@
 /// The text that the bytes of a file stand for, without a byte order mark, which is no part of the text.
 /// Nothing unless every byte is accounted for.
 std::optional<QString> decodedText(QByteArrayView bytes);
-
-/// Whether the text is what `QString::fromUtf8` makes of the bytes, found out several times faster than
-/// that is made. Some odd texts in UTF-8 count as none here.
-bool isPlainUtf8(QByteArrayView bytes);

@@ -2,8 +2,9 @@
 
 #include "decoding/BothAtOnce.h"
 #include "decoding/LargeText.h"
-#include "decoding/TextDecoding.h"
+#include "decoding/PlainUtf8.h"
 #include "platform/Memory.h"
+#include "worker/Errands.h"
 
 #include <algorithm>
 #include <bit>
@@ -63,7 +64,7 @@ std::optional<IncomingText> textOfFile(const QString &path)
         if (!isThereRoomFor(roomToDecode(bytes, false)))
             return std::nullopt;
     }
-    auto text = decodedText(file->bytes());
+    auto text = isPlainUtf8(file->bytes()) ? QString::fromUtf8(file->bytes()) : textByWorker(*file);
     file.reset();
     if (!text)
         return std::nullopt;

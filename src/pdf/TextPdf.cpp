@@ -27,7 +27,7 @@ std::vector<std::string> contents(std::u16string_view text, const PdfSettings &s
     int number = 0;
     const auto take = [&](Page &&page, std::size_t done) {
         ++number;
-        if (!settings.wants || settings.wants(number))
+        if (settings.wants(number))
             made.add(std::move(page));
         progress.pages = number;
         progress.share = text.empty() ? 1.0 : double(done) / double(text.size());

@@ -20,7 +20,11 @@ public:
 
     QByteArrayView bytes() const { return m_bytes; }
 
+    /// The file where it isn't copied; -1 where it is.
+    int descriptor() const { return m_descriptor; }
+
 private:
     std::shared_ptr<const void> m_owner;
     QByteArrayView m_bytes;
+    int m_descriptor = -1; // the owner's
 };

@@ -24,12 +24,14 @@ PageFormat chosenFormat(const QPrinter &printer, double longestLine)
             .longestLine = longestLine};
 }
 
-std::function<bool(int)> wantedPages(const QPrinter &printer)
+std::vector<PageRange> wantedPages(const QPrinter &printer)
 {
-    const QPageRanges ranges = printer.pageRanges();
-    if (printer.printRange() != QPrinter::PageRange || ranges.isEmpty())
-        return {};
-    return [ranges](int page) { return ranges.contains(page); };
+    std::vector<PageRange> wanted;
+    if (printer.printRange() != QPrinter::PageRange)
+        return wanted;
+    for (const QPageRanges::Range &range : printer.pageRanges().toRangeList())
+        wanted.push_back({range.from, range.to});
+    return wanted;
 }
 
 const char *sides(QPrinter::DuplexMode mode)
@@ -64,8 +66,8 @@ PdfSettings chosenPages(const QPrinter &printer, const PrintedText &text)
 {
     PdfSettings settings;
     settings.format = chosenFormat(printer, text.width);
-    settings.wants = wantedPages(printer);
-    if (settings.wants)
+    settings.ranges = wantedPages(printer);
+    if (!settings.ranges.empty())
         settings.lastPage = printer.pageRanges().lastPage();
     if (printer.outputFormat() == QPrinter::PdfFormat) {
         settings.copies = printer.copyCount();

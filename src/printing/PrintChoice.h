@@ -1,6 +1,6 @@
 #pragma once
 
-#include "pdf/TextPdf.h"
+#include "pdf/PdfSettings.h"
 #include "printing/PrintInfo.h"
 
 #include <QPrinter>

@@ -4,6 +4,7 @@
 #include "platform/WholeFile.h"
 #include "printing/PrintQueue.h"
 #include "printing/PrintServer.h"
+#include "worker/Errands.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -48,7 +49,7 @@ PrintOutcome save(std::u16string_view text, const PdfSettings &settings, const Q
     if (file.error() != 0)
         return {PdfResult::Failed, Reasons::of(PdfResult::Failed, file.error())};
     const auto output = [&](const char *bytes, std::size_t count) { return file.write(bytes, count); };
-    const PdfResult result = writeTextPdf(text, settings, output, progress);
+    const PdfResult result = pdfByWorker(text, settings, output, progress);
     if (result == PdfResult::Cancelled)
         return {result, {}};
     if (result == PdfResult::Written && !progress.cancelled && file.commit())
@@ -66,7 +67,7 @@ PrintOutcome spool(std::u16string_view text, const PdfSettings &settings, const 
                      [&progress] { return !progress.cancelled; });
     const auto output = [&](const char *bytes, std::size_t count) { return queue.write(bytes, count); };
     const PdfResult result =
-        queue.isOpen() ? writeTextPdf(text, settings, output, progress) : PdfResult::Failed;
+        queue.isOpen() ? pdfByWorker(text, settings, output, progress) : PdfResult::Failed;
     if (result == PdfResult::Written && queue.finish())
         return {result, {}};
     const QString reason = QString::fromStdString(queue.reason());
@@ -81,12 +82,12 @@ PrintOutcome spool(std::u16string_view text, const PdfSettings &settings, const 
 PrintOutcome print(const QString &text, const PdfSettings &settings, const PrintTarget &target,
                    PdfProgress &progress)
 {
-    PdfSettings bounded = settings;
-    bounded.hasRoom = [](std::size_t bytes) { return isThereRoomFor(qint64(bytes)); };
     const std::u16string_view view(reinterpret_cast<const char16_t *>(text.utf16()),
                                    std::size_t(text.size()));
-    if (!bounded.hasRoom(view.size())) // about what the pages of a text take, compressed
+    // About what a copy of the text takes, and its pages, compressed.
+    constexpr qint64 copyAndPages = 3;
+    if (!isThereRoomFor(copyAndPages * text.size()))
         return {PdfResult::Failed, Reasons::of(PdfResult::NoMemory)};
-    return target.queue.isEmpty() ? save(view, bounded, target.file, progress)
-                                  : spool(view, bounded, target, progress);
+    return target.queue.isEmpty() ? save(view, settings, target.file, progress)
+                                  : spool(view, settings, target, progress);
 }

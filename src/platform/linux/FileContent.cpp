@@ -87,6 +87,7 @@ std::optional<FileContent> FileContent::of(const QString &path, qint64 limit, qi
     if (auto mapping = file->size() > large ? Mapping::of(file) : nullptr) {
         FileContent content;
         content.m_bytes = mapping->bytes();
+        content.m_descriptor = file->number();
         content.m_owner = std::move(mapping);
         return content;
     }

@@ -1,0 +1,114 @@
+#include "worker/Errands.h"
+
+#include "platform/FileContent.h"
+#include "platform/linux/SharedMemory.h"
+#include "worker/Errand.h"
+
+#include <algorithm>
+#include <semaphore>
+
+using namespace Protocol;
+
+namespace {
+
+std::string_view view(QByteArrayView bytes)
+{
+    return {bytes.data(), std::size_t(bytes.size())};
+}
+
+template <class Item> std::string_view bytesOf(const Item *items, std::size_t count)
+{
+    return {reinterpret_cast<const char *>(items), count * sizeof(Item)};
+}
+
+PaperOrder paperOrder(std::u16string_view text, const PdfSettings &settings)
+{
+    const PageFormat &format = settings.format;
+    return {.width = format.width,
+            .height = format.height,
+            .top = format.top,
+            .bottom = format.bottom,
+            .left = format.left,
+            .right = format.right,
+            .longestLine = format.longestLine,
+            .lastPage = settings.lastPage,
+            .copies = settings.copies,
+            .collated = settings.collated,
+            .lastFirst = settings.lastFirst,
+            .grey = settings.grey,
+            .ranges = settings.ranges.size(),
+            .characters = text.size(),
+            .family = settings.fontFamily.size(),
+            .title = settings.title.size()};
+}
+
+void show(const Report &report, PdfProgress &progress)
+{
+    constexpr double whole = 1e6;
+    if (report.kind != Report::Kind::Progress)
+        return;
+    progress.pages = int(std::min(report.pages, std::uint32_t(std::numeric_limits<int>::max())));
+    progress.share = std::min(1.0, report.share / whole);
+}
+
+} // namespace
+
+std::optional<QString> textByWorker(const FileContent &file)
+{
+    const auto bytes = std::size_t(file.bytes().size());
+    const bool isPicked = file.descriptor() >= 0;
+    Errand errand{.order = newOrder(Job::Decode, bytes), .picked = file.descriptor()};
+    errand.order.decode = {.bytes = bytes, .characters = bytes, .isPicked = isPicked};
+    if (!isPicked)
+        errand.behind = {view(file.bytes())};
+    SharedMemory text(bytes * sizeof(char16_t));
+    errand.result = text.number();
+    const Report report = done(errand);
+    if (report.result != Report::Result::Done || report.size > bytes || !text.seal())
+        return std::nullopt;
+    const Mapped decoded(text.number(), report.size * sizeof(char16_t), Mapped::For::Reading);
+    if (report.size > 0 && !decoded.data())
+        return std::nullopt;
+    return QString(reinterpret_cast<const QChar *>(decoded.data()), qsizetype(report.size));
+}
+
+PdfResult pdfByWorker(std::u16string_view text, const PdfSettings &settings, const PdfOutput &output,
+                      PdfProgress &progress)
+{
+    std::size_t written = 0;
+    Errand errand{.order = newOrder(Job::Paper, text.size() * sizeof(char16_t))};
+    errand.order.paper = paperOrder(text, settings);
+    errand.behind = {bytesOf(settings.ranges.data(), settings.ranges.size()),
+                     bytesOf(text.data(), text.size()), settings.fontFamily, settings.title};
+    errand.output = [&](const char *bytes, std::size_t count) {
+        written += count;
+        return !progress.cancelled && output(bytes, count);
+    };
+    errand.heard = [&progress](const Report &report) { show(report, progress); };
+    errand.goesOn = [&progress] { return !progress.cancelled; };
+    const Report report = done(errand);
+    if (progress.cancelled)
+        return PdfResult::Cancelled;
+    if (report.result == Report::Result::NoMemory)
+        return PdfResult::NoMemory;
+    return report.result == Report::Result::Done && report.size == written ? PdfResult::Written
+                                                                         : PdfResult::Failed;
+}
+
+SmallPicture pictureByWorker(const QByteArray &file, int side)
+{
+    static std::counting_semaphore atOnce(4); // a folder may hold thousands
+    Errand errand{.order = newOrder(Job::Picture, std::size_t(file.size())), .behind = {view(file)}};
+    errand.order.picture = {.side = std::uint32_t(side)};
+    SharedMemory pixels(std::size_t(side) * std::size_t(side) * sizeof(std::uint32_t));
+    errand.result = pixels.number();
+    atOnce.acquire();
+    const Report report = done(errand);
+    atOnce.release();
+    const auto most = std::uint32_t(side);
+    if (report.result != Report::Result::Done || report.width > most || report.height > most || !pixels.seal())
+        return {};
+    const std::size_t size = std::size_t(report.width) * report.height * sizeof(std::uint32_t);
+    const Mapped picture(pixels.number(), size, Mapped::For::Reading);
+    return {int(report.width), int(report.height), QByteArray(picture.data(), qsizetype(picture.bytes().size()))};
+}
