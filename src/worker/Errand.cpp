@@ -139,7 +139,7 @@ bool Worker::makesSense(const Report &report)
 
 bool Worker::passOn()
 {
-    constexpr std::size_t room = 1 << 18;
+    constexpr std::size_t room = 1 << 16;
     m_room.resize(room);
     const ssize_t count = ::read(m_document.number(), m_room.data(), m_room.size());
     if (count == 0)

@@ -5,8 +5,8 @@
 
 #include <sys/types.h>
 
-/// A process of one's own, with nothing open but these files, as its numbers 3 and up. It ends with this,
-/// and nothing is left of it.
+/// A process of one's own, with nothing open but these files, as its numbers 3 and up. It ends with this, and
+/// nothing is left of it soon after.
 class ChildProcess {
 public:
     ChildProcess(const std::string &program, const std::vector<int> &files);
@@ -15,7 +15,6 @@ public:
     ChildProcess &operator=(const ChildProcess &) = delete;
 
     bool hasStarted() const { return m_process > 0; }
-    pid_t number() const { return m_process; }
 
 private:
     pid_t m_process;

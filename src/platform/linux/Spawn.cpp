@@ -3,9 +3,12 @@
 #include "platform/linux/Descriptor.h"
 
 #include <csignal>
+#include <system_error>
+#include <thread>
 
 #include <fcntl.h>
 #include <spawn.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 namespace {
@@ -83,4 +86,13 @@ pid_t spawn(const std::vector<std::string> &command, Session session, const std:
     const int error = posix_spawnp(&process, words.front(), FileActions(given).get(),
                                    Attributes(session).get(), words.data(), environ);
     return error == 0 ? process : -1;
+}
+
+void forget(pid_t process)
+{
+    try {
+        std::thread([process] { waitpid(process, nullptr, 0); }).detach();
+    } catch (const std::system_error &) {
+        // No thread to be had: the row in the table stays until we end.
+    }
 }

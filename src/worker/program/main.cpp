@@ -46,7 +46,7 @@ void limitOurselves([[maybe_unused]] const Order &order)
 
 const JobModule *moduleOf(Job job)
 {
-    constexpr const char *files[]{TARUMINE_DECODING_MODULE, TARUMINE_PAPER_MODULE, TARUMINE_PICTURE_MODULE};
+    constexpr const char *files[]{TARUMINE_JOB_MODULES};
     if (std::size_t(job) >= std::size(files))
         return nullptr;
     void *module = ::dlopen(files[std::size_t(job)], RTLD_NOW);
