@@ -1,5 +1,6 @@
 #include "decoding/EncodingGuess.h"
 
+#include "decoding/BothAtOnce.h"
 #include "decoding/Plausibility.h"
 #include "decoding/StrictConverter.h"
 
@@ -82,6 +83,21 @@ public:
         add(&encoding, beginning.text, beginning.bytes, encoding.headStart + bonus, fails ? 20 : 0);
     }
 
+    // Every other one on another thread. `word`: the name of one for which there is an argument more.
+    void considerAll(const std::vector<const Encoding *> &all, const QByteArray &sample, QByteArrayView word)
+    {
+        const auto from = [&](std::size_t first) {
+            return [&, first] {
+                Search some(m_plausibility);
+                for (std::size_t i = first; i < all.size(); i += 2)
+                    some.consider(*all[i], sample, all[i]->isNamed(word) ? uchardetsWord : 0);
+                return some.m_findings;
+            };
+        };
+        for (const auto &[odd, even] = bothAtOnce(from(1), from(0)); const auto &found : {even, odd})
+            m_findings.insert(m_findings.end(), found.begin(), found.end());
+    }
+
     // A text in UTF-8 that somebody has damaged makes sense in no other encoding.
     void considerDamagedUtf8(const QByteArray &sample)
     {
@@ -129,8 +145,7 @@ std::vector<const Encoding *> hopefulOnes(const std::vector<const Encoding *> &a
         return all;
     const QByteArray taste = betweenCuts(QByteArrayView(sample).first(firstTaste)).toByteArray();
     Search search(plausibility);
-    for (const Encoding *encoding : all)
-        search.consider(*encoding, taste);
+    search.considerAll(all, taste, {});
     const auto near = search.ranking(hopeless);
     std::vector<const Encoding *> hopeful;
     std::copy_if(all.begin(), all.end(), std::back_inserter(hopeful), [&](const Encoding *encoding) {
@@ -155,8 +170,7 @@ void considerNarrowOnes(Search &search, QByteArrayView bytes, const Plausibility
     const QByteArray sample = sampleOf(bytes);
     search.considerDamagedUtf8(sample);
     const QByteArray word = wordOfUchardet(sample);
-    for (const Encoding *encoding : hopefulOnes(narrowOnes(), sample, plausibility))
-        search.consider(*encoding, sample, encoding->isNamed(word) ? uchardetsWord : 0);
+    search.considerAll(hopefulOnes(narrowOnes(), sample, plausibility), sample, word);
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "worker/Errands.h"
 
+#include "decoding/LargeText.h"
 #include "platform/FileContent.h"
 #include "platform/linux/SharedMemory.h"
 #include "worker/Errand.h"
@@ -63,13 +64,24 @@ std::optional<QString> textByWorker(const FileContent &file)
         errand.behind = {view(file.bytes())};
     SharedMemory text(bytes * sizeof(char16_t));
     errand.result = text.number();
+    QString result;
+    // While the worker finds out what it has before it, there is time to find memory for what it will say.
+    errand.heard = [&](const Report &report) {
+        if (report.kind != Report::Kind::Ready || bytes <= LargeText::bytes)
+            return;
+        const Mapped touched(text.number(), bytes, Mapped::For::Writing);
+        result = QString(qsizetype(bytes), Qt::Uninitialized);
+        populate(reinterpret_cast<char *>(result.data()), bytes);
+    };
     const Report report = done(errand);
     if (report.result != Report::Result::Done || report.size > bytes || !text.seal())
         return std::nullopt;
     const Mapped decoded(text.number(), report.size * sizeof(char16_t), Mapped::For::Reading);
     if (report.size > 0 && !decoded.data())
         return std::nullopt;
-    return QString(reinterpret_cast<const QChar *>(decoded.data()), qsizetype(report.size));
+    result.resize(qsizetype(report.size));
+    copyByHalves(decoded.bytes(), reinterpret_cast<char *>(result.data()));
+    return result;
 }
 
 PdfResult pdfByWorker(std::u16string_view text, const PdfSettings &settings, const PdfOutput &output,

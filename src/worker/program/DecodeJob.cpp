@@ -2,7 +2,6 @@
 #include "platform/linux/SharedMemory.h"
 #include "worker/program/Job.h"
 
-#include <algorithm>
 #include <optional>
 
 using namespace Protocol;
@@ -33,7 +32,7 @@ bool handOver(const QString &text, std::size_t room)
         return false;
     const Mapped result(ResultFile, size * sizeof(char16_t), Mapped::For::Writing);
     if (result.data())
-        std::copy_n(text.constData(), size, reinterpret_cast<QChar *>(result.data()));
+        copyByHalves({reinterpret_cast<const char *>(text.constData()), size * sizeof(char16_t)}, result.data());
     return size == 0 || result.data();
 }
 
