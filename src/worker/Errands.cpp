@@ -43,6 +43,13 @@ PaperOrder paperOrder(std::u16string_view text, const PdfSettings &settings)
             .title = settings.title.size()};
 }
 
+// In bytes; far more than any document has.
+std::size_t largestDocument(std::size_t characters, const PdfSettings &settings)
+{
+    constexpr std::size_t fonts = 256 << 20, perCharacter = 100;
+    return fonts + perCharacter * characters * std::size_t(std::max(1, settings.copies));
+}
+
 void show(const Report &report, PdfProgress &progress)
 {
     constexpr double whole = 1e6;
@@ -87,6 +94,7 @@ std::optional<QString> textByWorker(const FileContent &file)
 PdfResult pdfByWorker(std::u16string_view text, const PdfSettings &settings, const PdfOutput &output,
                       PdfProgress &progress)
 {
+    const std::size_t most = largestDocument(text.size(), settings);
     std::size_t written = 0;
     Errand errand{.order = newOrder(Job::Paper, text.size() * sizeof(char16_t))};
     errand.order.paper = paperOrder(text, settings);
@@ -94,7 +102,7 @@ PdfResult pdfByWorker(std::u16string_view text, const PdfSettings &settings, con
                      bytesOf(text.data(), text.size()), settings.fontFamily, settings.title};
     errand.output = [&](const char *bytes, std::size_t count) {
         written += count;
-        return !progress.cancelled && output(bytes, count);
+        return written <= most && !progress.cancelled && output(bytes, count);
     };
     errand.heard = [&progress](const Report &report) { show(report, progress); };
     errand.goesOn = [&progress] { return !progress.cancelled; };
