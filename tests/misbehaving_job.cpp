@@ -63,13 +63,12 @@ void misbehave(const Handed &handed)
     if (says(handed, "flood"))
         while (always)
             write(std::string(1 << 20, 'x'));
-    if (says(handed, "shrinking") && ::ftruncate(ResultFile, 0) == 0)
-        send(ended(1));
 }
 
 Report work(const Handed &handed)
 {
-    write("%PDF-half");
+    constexpr std::string_view half = "%PDF-half";
+    write(half);
     misbehave(handed);
     if (says(handed, "nothing behind it"))
         return ended(1 << 20);
@@ -77,7 +76,9 @@ Report work(const Handed &handed)
         return ended(std::uint64_t(1) << 31);
     if (says(handed, "everything"))
         return ended(~std::uint64_t(0));
-    return ended(0, Report::Result::Failed);
+    if (says(handed, "it failed") || (says(handed, "shrinking") && ::ftruncate(ResultFile, 0) != 0))
+        return ended(0, Report::Result::Failed);
+    return ended(half.size()); // as if nothing were wrong
 }
 
 std::vector<std::string> prepare()

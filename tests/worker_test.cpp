@@ -100,8 +100,11 @@ private slots:
             Errand errand{.order = newOrder(Protocol::Job::Decode, 1), .behind = {what}};
             errand.order.seconds = 1;
             errand.output = [](const char *, std::size_t) { return true; };
-            errand.patience = what == "loop" ? 30'000ms : 200ms;
+            errand.patience = what == "loop" ? 40'000ms : 200ms;
+            QElapsedTimer time;
+            time.start();
             QCOMPARE(done(errand).result, Report::Result::Failed);
+            QVERIFY(time.elapsed() < 20'000);
         }
         QTRY_COMPARE(traces(), before);
     }
