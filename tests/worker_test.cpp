@@ -80,7 +80,7 @@ private slots:
         const auto [reason] = values<QString>();
         const QString what = QString::fromLatin1(QTest::currentDataTag());
         const bool floods = what == u"a flood"_s; // of documents alone: the others have no more room
-        const QString text = written(m_folder.filePath(u"text"_s), "\xff " + (floods ? "" : what.toLatin1()));
+        const QString text = written(m_folder.filePath(u"text"_s), "\xff " + (floods ? "it failed" : what.toLatin1()));
         const QStringList before = traces();
 
         QVERIFY(aLoadChangesNothing(text));
