@@ -95,31 +95,27 @@ constexpr std::array twoNames{
 };
 
 // In pieces that the processor keeps near, since it looks at each several times.
-qsizetype rename(QChar *text, qsizetype size)
+bool rename(QChar *text, qsizetype size)
 {
     constexpr qsizetype nearby = 32 << 10;
-    qsizetype renamed = 0;
     for (qsizetype from = 0; from < size; from += nearby) {
         const QStringView piece(text + from, std::min(nearby, size - from));
         for (const Names &names : twoNames) {
-            for (qsizetype at = piece.indexOf(names.vendors); at >= 0; at = piece.indexOf(names.vendors, at + 1)) {
+            for (qsizetype at = piece.indexOf(names.vendors); at >= 0;
+                 at = piece.indexOf(names.vendors, at + 1))
                 text[from + at] = names.standards;
-                ++renamed;
-            }
         }
     }
-    return renamed;
+    return true;
 }
 
 // A text without any addition is taken at the standard's word: a wave dash, not a full-width tilde.
-void nameAsTheStandardDoes(QString &text)
+void nameAsTheStandardDoes(TextParts &text)
 {
-    if (holdsVendorCharacters(text))
+    if (holdsVendorCharacters(text.first) || holdsVendorCharacters(text.second))
         return;
-    QChar *const characters = text.data();
-    const qsizetype half = text.size() / 2;
-    bothAtOnce([=] { return rename(characters, half); },
-               [=, rest = text.size() - half] { return rename(characters + half, rest); });
+    const auto renamed = [](QString &part) { return [&part] { return rename(part.data(), part.size()); }; };
+    bothAtOnce(renamed(text.second), renamed(text.first));
 }
 
 // Where a large text may be cut in two that are decoded at the same time; its end if nowhere.
@@ -137,25 +133,21 @@ std::optional<QString> convertAll(QByteArrayView bytes, const Encoding &encoding
     return read.bytes == bytes.size() ? std::optional(std::move(read.text)) : std::nullopt;
 }
 
-std::optional<QString> convertHalves(QByteArrayView bytes, qsizetype middle, const Encoding &encoding)
-{
-    auto [later, first] = bothAtOnce([=, &encoding] { return convertAll(bytes.sliced(middle), encoding); },
-                                     [=, &encoding] { return convertAll(bytes.first(middle), encoding); });
-    if (!first || !later)
-        return std::nullopt;
-    *first += *later;
-    return std::move(first);
-}
-
 } // namespace
 
-std::optional<QString> StrictConverter::decoded(QByteArrayView bytes, const Encoding &encoding)
+std::optional<TextParts> StrictConverter::decoded(QByteArrayView bytes, const Encoding &encoding)
 {
     const qsizetype half = middle(bytes, encoding);
-    auto text = half < bytes.size() ? convertHalves(bytes, half, encoding) : convertAll(bytes, encoding);
-    if (text && encoding.isJapanese)
-        nameAsTheStandardDoes(*text);
-    return text;
+    auto [later, first] = half < bytes.size()
+        ? bothAtOnce([=, &encoding] { return convertAll(bytes.sliced(half), encoding); },
+                     [=, &encoding] { return convertAll(bytes.first(half), encoding); })
+        : std::pair(std::optional(QString()), convertAll(bytes, encoding));
+    if (!first || !later)
+        return std::nullopt;
+    TextParts parts{*std::move(first), *std::move(later)};
+    if (encoding.isJapanese)
+        nameAsTheStandardDoes(parts);
+    return parts;
 }
 
 StrictConverter::Beginning StrictConverter::decodedBeginning(QByteArrayView bytes, const Encoding &encoding)

@@ -3,16 +3,15 @@
 #include "decoding/EncodingGuess.h"
 #include "decoding/LargeText.h"
 #include "decoding/PlainUtf8.h"
-#include "decoding/StrictConverter.h"
 
 namespace {
 
-std::optional<QString> decodedByGuess(QByteArrayView bytes, bool isValidUtf8)
+std::optional<TextParts> decodedByGuess(QByteArrayView bytes, bool isValidUtf8)
 {
     const auto likely = plausibleEncodings(bytes);
     // A valid text in UTF-8 is one, whatever it holds, unless its zeros make sense as halves of characters.
     if (isValidUtf8 && (likely.empty() || !likely.front() || !likely.front()->isWide()))
-        return QString::fromUtf8(bytes);
+        return TextParts{QString::fromUtf8(bytes), {}};
     for (const Encoding *encoding : likely) {
         if (auto text = encoding ? StrictConverter::decoded(bytes, *encoding) : std::nullopt)
             return text;
@@ -20,27 +19,33 @@ std::optional<QString> decodedByGuess(QByteArrayView bytes, bool isValidUtf8)
     return std::nullopt;
 }
 
-std::optional<QString> decoded(QByteArrayView bytes)
+std::optional<TextParts> decoded(QByteArrayView bytes)
 {
     if (const Encoding *encoding = markedEncoding(bytes))
         return StrictConverter::decoded(bytes.sliced(encoding->mark.size()), *encoding);
     const Findings found = findings(bytes);
     if (found.isUtf8ForSure())
-        return QString::fromUtf8(bytes); // leaves a mark out
+        return TextParts{QString::fromUtf8(bytes), {}}; // leaves a mark out
     if (const Encoding *encoding = escapingEncoding(bytes)) {
         if (auto text = StrictConverter::decoded(bytes, *encoding))
             return text;
     }
     if (found.isValidUtf8 && !found.hasZeros)
-        return QString::fromUtf8(bytes);
+        return TextParts{QString::fromUtf8(bytes), {}};
     const bool saysUtf8 = bytes.startsWith("\xef\xbb\xbf");
     return saysUtf8 && !found.isValidUtf8 ? std::nullopt : decodedByGuess(bytes, found.isValidUtf8);
 }
 
 } // namespace
 
-std::optional<QString> decodedText(QByteArrayView bytes)
+std::optional<TextParts> decodedParts(QByteArrayView bytes)
 {
     auto text = decoded(bytes);
     return text && text->size() <= LargeText::mostCharacters ? std::move(text) : std::nullopt;
+}
+
+std::optional<QString> decodedText(QByteArrayView bytes)
+{
+    const auto parts = decodedParts(bytes);
+    return parts ? std::optional(parts->whole()) : std::nullopt;
 }

@@ -124,7 +124,7 @@ std::optional<Report> Worker::readReport() const
 {
     Report report;
     return ::read(m_reports.number(), &report, sizeof report) == sizeof report ? std::optional(report)
-                                                                             : std::nullopt;
+                                                                               : std::nullopt;
 }
 
 // It says first of which release it is, and does so once.

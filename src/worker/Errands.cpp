@@ -112,7 +112,7 @@ PdfResult pdfByWorker(std::u16string_view text, const PdfSettings &settings, con
     if (report.result == Report::Result::NoMemory)
         return PdfResult::NoMemory;
     return report.result == Report::Result::Done && report.size == written ? PdfResult::Written
-                                                                         : PdfResult::Failed;
+                                                                           : PdfResult::Failed;
 }
 
 SmallPicture pictureByWorker(const QByteArray &file, int side)
@@ -126,9 +126,11 @@ SmallPicture pictureByWorker(const QByteArray &file, int side)
     const Report report = done(errand);
     atOnce.release();
     const auto most = std::uint32_t(side);
-    if (report.result != Report::Result::Done || report.width > most || report.height > most || !pixels.seal())
+    if (report.result != Report::Result::Done || report.width > most || report.height > most
+        || !pixels.seal())
         return {};
     const std::size_t size = std::size_t(report.width) * report.height * sizeof(std::uint32_t);
     const Mapped picture(pixels.number(), size, Mapped::For::Reading);
-    return {int(report.width), int(report.height), QByteArray(picture.data(), qsizetype(picture.bytes().size()))};
+    return {int(report.width), int(report.height),
+            QByteArray(picture.data(), qsizetype(picture.bytes().size()))};
 }

@@ -34,7 +34,7 @@ struct DecodeOrder {
 struct PaperOrder {
     double width, height, top, bottom, left, right, longestLine; ///< points
     std::int32_t lastPage, copies;
-    std::uint32_t collated, lastFirst, grey; ///< 0 or 1
+    std::uint32_t collated, lastFirst, grey;         ///< 0 or 1
     std::uint64_t ranges, characters, family, title; ///< how many of each
 };
 
@@ -59,11 +59,11 @@ struct Report {
 
     Kind kind;
     char release[sizeof Protocol::release]; ///< when ready
-    std::uint32_t landlock, systemCalls;  ///< how far it is confined: see Confinement
-    std::uint32_t pages, share;           ///< how many are made, of which part of the text, in millionths
-    Result result;                        ///< of the job
-    std::uint64_t size;                   ///< characters of the text, bytes of the document
-    std::uint32_t width, height;          ///< pixels of the picture
+    std::uint32_t landlock, systemCalls;    ///< how far it is confined: see Confinement
+    std::uint32_t pages, share;             ///< how many are made, of which part of the text, in millionths
+    Result result;                          ///< of the job
+    std::uint64_t size;                     ///< characters of the text, bytes of the document
+    std::uint32_t width, height;            ///< pixels of the picture
 };
 
 } // namespace Protocol

@@ -13,27 +13,34 @@ std::vector<std::string> prepare()
     return {};
 }
 
-std::optional<QString> decoded(const Handed &handed)
+std::optional<TextParts> decoded(const Handed &handed)
 {
     const DecodeOrder &order = handed.order.decode;
     if (order.isPicked == 0)
         return order.bytes == handed.behind.size()
-            ? decodedText({handed.behind.data(), qsizetype(handed.behind.size())})
+            ? decodedParts({handed.behind.data(), qsizetype(handed.behind.size())})
             : std::nullopt;
     const Mapped file(PickedFile, order.bytes, Mapped::For::Reading);
-    return file.data() ? decodedText({file.data(), qsizetype(order.bytes)}) : std::nullopt;
+    return file.data() ? decodedParts({file.data(), qsizetype(order.bytes)}) : std::nullopt;
+}
+
+std::string_view bytesOf(const QString &text)
+{
+    return {reinterpret_cast<const char *>(text.constData()), std::size_t(text.size()) * sizeof(char16_t)};
 }
 
 // Into the memory that is there for it, and nobody sees it before we have let go of that.
-bool handOver(const QString &text, std::size_t room)
+bool handOver(const TextParts &text, std::size_t room)
 {
     const auto size = std::size_t(text.size());
-    if (size > room)
-        return false;
+    if (size == 0 || size > room)
+        return size == 0;
     const Mapped result(ResultFile, size * sizeof(char16_t), Mapped::For::Writing);
-    if (result.data())
-        copyByHalves({reinterpret_cast<const char *>(text.constData()), size * sizeof(char16_t)}, result.data());
-    return size == 0 || result.data();
+    if (!result.data())
+        return false;
+    copyByHalves(bytesOf(text.first), result.data());
+    copyByHalves(bytesOf(text.second), result.data() + bytesOf(text.first).size());
+    return true;
 }
 
 Report work(const Handed &handed)

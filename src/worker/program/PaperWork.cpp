@@ -100,8 +100,8 @@ private:
 PdfSettings settings(const PaperOrder &order)
 {
     PdfSettings settings;
-    settings.format = {order.width, order.height, order.top, order.bottom, order.left, order.right,
-                       order.longestLine};
+    settings.format = {order.width, order.height, order.top,        order.bottom,
+                       order.left,  order.right,  order.longestLine};
     settings.lastPage = order.lastPage;
     settings.copies = order.copies;
     settings.collated = order.collated != 0;
