@@ -100,6 +100,17 @@ std::optional<QString> decoded(QByteArrayView bytes)
     return saysUtf8 && !found.isValidUtf8 ? std::nullopt : decodedByGuess(bytes, found.isValidUtf8);
 }
 
+std::optional<QString> decodedAs(QByteArrayView bytes, QByteArrayView name)
+{
+    if (name == "UTF-8")
+        return isValidUtf8(bytes) ? std::optional(QString::fromUtf8(bytes)) : std::nullopt;
+    const Encoding *encoding = encodingNamed(name);
+    if (!encoding)
+        return std::nullopt;
+    const bool isMarked = !encoding->mark.isEmpty() && bytes.startsWith(encoding->mark);
+    return StrictConverter::decoded(isMarked ? bytes.sliced(encoding->mark.size()) : bytes, *encoding);
+}
+
 } // namespace
 
 bool isPlainUtf8(QByteArrayView bytes)
@@ -112,6 +123,11 @@ bool isPlainUtf8(QByteArrayView bytes)
 
 std::optional<QString> decodedText(QByteArrayView bytes)
 {
-    auto text = decoded(bytes);
+    return decodedText(bytes, {});
+}
+
+std::optional<QString> decodedText(QByteArrayView bytes, QByteArrayView encoding)
+{
+    auto text = encoding.isEmpty() ? decoded(bytes) : decodedAs(bytes, encoding);
     return text && text->size() <= LargeText::mostCharacters ? std::move(text) : std::nullopt;
 }

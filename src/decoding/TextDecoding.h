@@ -9,6 +9,10 @@
 /// Nothing unless every byte is accounted for.
 std::optional<QString> decodedText(QByteArrayView bytes);
 
+/// The same in an encoding that somebody else has told: "UTF-8", or a name of the table (Encodings.h). By
+/// the bytes themselves where the name is empty.
+std::optional<QString> decodedText(QByteArrayView bytes, QByteArrayView encoding);
+
 /// Whether the text is what `QString::fromUtf8` makes of the bytes, found out several times faster than
 /// that is made. Some odd texts in UTF-8 count as none here.
 bool isPlainUtf8(QByteArrayView bytes);

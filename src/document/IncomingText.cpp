@@ -50,7 +50,7 @@ bool IncomingText::hasRoom() const
     return most <= LargeText::bytes || isThereRoomFor(roomInDocument(most));
 }
 
-std::optional<IncomingText> textOfFile(const QString &path)
+std::optional<IncomingText> textOfFile(const QString &path, const QByteArray &encoding)
 {
     const qint64 largest = std::min(LargeText::mostBytes, availableMemory() / 5);
     auto file = FileContent::of(path, largest, LargeText::bytes);
@@ -58,12 +58,14 @@ std::optional<IncomingText> textOfFile(const QString &path)
         return std::nullopt;
     const qsizetype bytes = file->bytes().size();
     if (bytes > LargeText::bytes) {
-        if (auto incoming = undecoded(*file))
-            return incoming;
+        if (encoding.isEmpty() || encoding == "UTF-8") {
+            if (auto incoming = undecoded(*file))
+                return incoming;
+        }
         if (!isThereRoomFor(roomToDecode(bytes, false)))
             return std::nullopt;
     }
-    auto text = decodedText(file->bytes());
+    auto text = decodedText(file->bytes(), encoding);
     file.reset();
     if (!text)
         return std::nullopt;
