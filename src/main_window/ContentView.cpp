@@ -22,20 +22,16 @@
 #include "view/Stacks.h"
 
 #include <QCoreApplication>
+#include <QLayout>
 
 namespace {
 
 constexpr FrameBounds bounds{.minimum = {100, 100}, .ideal = {999, 350}, .maximum = {1199, 650}};
 
-// The text pane and the play area share what height the controls row leaves.
-constexpr int textPaneShare = 3;
-constexpr int playAreaShare = 2;
-
-QWidget *sharingHeight(int share, QWidget *widget)
+// The text pane has what height the others leave: they take what they ask for.
+QWidget *takingItsHeight(QWidget *widget)
 {
-    QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-    policy.setVerticalStretch(share);
-    widget->setSizePolicy(policy);
+    widget->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     return widget;
 }
 
@@ -87,10 +83,14 @@ QWidget *ContentView::detailColumn()
     QWidget *column = VStack(
         {
             controls,
-            sharingHeight(textPaneShare, m_textPane),
-            sharingHeight(playAreaShare, playArea()),
+            m_textPane,
+            takingItsHeight(playArea()),
         },
         {.padded = true});
+    // The group of the picker, the highest of the controls, is padded already.
+    QMargins margins = column->layout()->contentsMargins();
+    margins.setTop(0);
+    column->layout()->setContentsMargins(margins);
     return onAppear([this] { readHost(); }, Scrollable(column));
 }
 
