@@ -16,6 +16,26 @@ struct Titles {
 
 } // namespace
 
+void ContentView::fillFileMenu(QMenu &menu)
+{
+    const auto add = [this, &menu](const QString &title, QKeySequence::StandardKey key,
+                                   void (ContentView::*act)()) {
+        QAction *action = menu.addAction(title);
+        action->setShortcut(key);
+        QObject::connect(action, &QAction::triggered, m_columns, [this, act] { (this->*act)(); });
+    };
+    add(Titles::tr("読込(&O)"), QKeySequence::Open, &ContentView::openText);
+    add(Titles::tr("簡易PDF(&P)"), QKeySequence::Print, &ContentView::saveUntitled);
+}
+
+// Whether there is something to paste is asked when somebody looks: it is others who know, and they may
+// change it at any time. The key of the item works whatever it shows.
+static void followClipboard(QAction *paste, TextPane *pane, QMenu *menu)
+{
+    QObject::connect(menu, &QMenu::aboutToShow, paste, [=] { paste->setEnabled(pane->canPaste()); });
+    QObject::connect(menu, &QMenu::aboutToHide, paste, [=] { paste->setEnabled(true); });
+}
+
 // The text pane is the one text in the window, so it is what these items act on, also while a
 // button has the keyboard focus.
 void ContentView::fillEditMenu(QMenu &menu)
@@ -34,10 +54,13 @@ void ContentView::fillEditMenu(QMenu &menu)
     pane->addAction(menu.addSeparator());
     QAction *cut = add(Titles::tr("切り取り(&T)"), QKeySequence::Cut, &TextPane::cut);
     QAction *copy = add(Titles::tr("コピー(&C)"), QKeySequence::Copy, &TextPane::copy);
-    add(Titles::tr("貼り付け(&P)"), QKeySequence::Paste, &TextPane::paste);
+    QAction *paste = add(Titles::tr("貼り付け(&P)"), QKeySequence::Paste, &TextPane::paste);
     pane->addAction(menu.addSeparator());
     add(Titles::tr("すべてを選択(&A)"), QKeySequence::SelectAll, &TextPane::selectAll);
 
+    followClipboard(paste, pane, &menu);
+    QObject::connect(pane, &TextPane::menuMade, paste,
+                     [=](QMenu *own) { followClipboard(paste, pane, own); });
     for (QAction *action : {cut, copy})
         action->setEnabled(false);
     follow(

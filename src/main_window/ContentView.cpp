@@ -67,7 +67,7 @@ QWidget *ContentView::detailColumn()
     const ReadingActions actions{
         .startSimulation = [this] { startSimulation(); },
         .openText = [this] { openText(); },
-        .savePdf = [this] { savePDF(QCoreApplication::translate("ContentView", "名称未設定")); },
+        .savePdf = [this] { saveUntitled(); },
         .launch = [this] { launchEdge(); },
     };
     QWidget *picker = BrowserPicker(browsers, selectedBrowser, m_browserChoice);
@@ -87,10 +87,10 @@ QWidget *ContentView::detailColumn()
             takingItsHeight(playArea()),
         },
         {.padded = true});
-    // The group of the picker, the highest of the controls, is padded already.
-    QMargins margins = column->layout()->contentsMargins();
-    margins.setTop(0);
-    column->layout()->setContentsMargins(margins);
+    // Above and below there is room already: the group of the picker and the board bring their own.
+    const QMargins padding = column->layout()->contentsMargins();
+    column->layout()->setContentsMargins(padding.left(), padding.top() / 2, padding.right(),
+                                         padding.bottom() * 2 / 3);
     return onAppear([this] { readHost(); }, Scrollable(column));
 }
 
@@ -137,6 +137,11 @@ void ContentView::savePDF(const QString &fileName)
                    QCoreApplication::translate("ContentView", "PDFを保存できません。"),
                    QCoreApplication::translate("ContentView", "メモリが足りません。"), m_columns->window());
     }
+}
+
+void ContentView::saveUntitled()
+{
+    savePDF(QCoreApplication::translate("ContentView", "名称未設定"));
 }
 
 void ContentView::launchEdge()

@@ -49,12 +49,14 @@ public:
     void simulation();
 
     // The menu items that concern what is in this window.
+    void fillFileMenu(QMenu &menu);
     void fillEditMenu(QMenu &menu);
     void fillViewMenu(QMenu &menu);
 
 private:
     void startSimulation();
     void readHost();
+    void saveUntitled();
     QWidget *detailColumn();
     void waitWhileLoading();
     QWidget *playArea();

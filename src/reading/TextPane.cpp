@@ -205,6 +205,7 @@ void TextPane::contextMenuEvent(QContextMenuEvent *event)
     auto *menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
     menu->addActions(actions());
+    emit menuMade(menu);
     menu->popup(event->globalPos());
 }
 

@@ -5,6 +5,7 @@
 #include <QPlainTextEdit>
 
 class Patience;
+class QMenu;
 class PiecedDocument;
 class ReadingText;
 
@@ -32,6 +33,10 @@ public:
     // Small, so that the pane asks for no room of its own: it gets what the others leave.
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
+
+signals:
+    /// Its own menu was made, and is about to be shown.
+    void menuMade(QMenu *menu);
 
 protected:
     QMimeData *createMimeDataFromSelection() const override;

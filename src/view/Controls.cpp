@@ -246,5 +246,5 @@ QWidget *Picker(const QString &title, Binding<QString> selection, std::function<
     QFont titleFont = heading->font();
     titleFont.setPointSizeF(titleFont.pointSizeF() * 17 / 13); // a second-level title beside body text
     heading->setFont(titleFont);
-    return VStack({heading, list}, {.spacing = 4});
+    return VStack({heading, list}, {.spacing = 2});
 }
