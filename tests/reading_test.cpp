@@ -7,6 +7,7 @@
 #include "reading/Patience.h"
 #include "reading/TextLoading.h"
 #include "reading/TextPane.h"
+#include "reading/WordStep.h"
 #include "view/OpenPanel.h"
 
 #include <QFileDialog>
@@ -97,6 +98,80 @@ private slots:
         QCOMPARE(m_text.value(), u"一\n二abc"_s);
         pane.undo();
         QCOMPARE(m_text.value(), u"一\n二"_s);
+    }
+
+    void wordsAreThoseOfAJapaneseReader_data()
+    {
+        cases<QString>({
+            {"kanji and kana", u"図書館|で|本|を|読む|。"_s},
+            {"hiragana between them", u"私|は|猫|です|。|名前|は|まだ|無い|。"_s},
+            {"Latin among them", u"Qt| |6|で|don't| |「|PDF|」|を|作る"_s},
+            {"emoji of several characters", u"家族|👨‍👩‍👧‍👦|🐱|🇯🇵|と"_s},
+            {"lines and blanks", u"一行|\n|\n|　　|二|行|\n"_s},
+        });
+    }
+    void wordsAreThoseOfAJapaneseReader()
+    {
+        const auto [divided] = values<QString>();
+        const QStringList words = divided.split(u'|');
+        const QString text = words.join(QString());
+        TextPane pane(m_text, m_size);
+        m_text.setValue(text);
+        pane.moveCursor(QTextCursor::Start);
+        int place = 0;
+        QList<int> stops{0};
+        for (const QString &word : words) {
+            for (const qsizetype within : {qsizetype(0), word.size() - 1})
+                QCOMPARE(wordAround(m_text.document(), place + int(within)).selectedText().size(),
+                         word.size());
+            place += int(word.size());
+            const bool isFollowedByBlank =
+                place < text.size() && text[place].isSpace() && text[place] != u'\n';
+            if (!isFollowedByBlank)
+                stops += place;
+        }
+        const auto press = [&](int key, Qt::KeyboardModifiers modifiers = {}) {
+            QTest::keyClick(&pane, Qt::Key(key), Qt::ControlModifier | modifiers);
+            return pane.textCursor().position();
+        };
+        for (qsizetype i = 1; i < stops.size(); ++i)
+            QCOMPARE(press(Qt::Key_Right), stops[i]);
+        const int end = pane.textCursor().position();
+        press(Qt::Key_Left, Qt::ShiftModifier);
+        QCOMPARE(pane.textCursor().anchor(), end);
+        QCOMPARE(press(Qt::Key_Right), end);
+        QCOMPARE(press(Qt::Key_Backspace), text.size() - words.last().size());
+        pane.undo();
+        QCOMPARE(m_text.value(), text);
+        pane.moveCursor(QTextCursor::Start);
+        press(Qt::Key_Delete);
+        QCOMPARE(m_text.value(), text.mid(stops[1]));
+    }
+
+    void aDoubleClickTakesAWordAndADragMore()
+    {
+        TextPane pane(m_text, m_size);
+        m_text.setValue(u"私は図書館で本を読む。"_s);
+        pane.resize(600, 200);
+        pane.show();
+        const auto send = [&](QEvent::Type type, double characters, Qt::MouseButton button) {
+            QTextCursor character(pane.document());
+            character.setPosition(int(characters));
+            const double left = pane.cursorRect(character).center().x();
+            character.movePosition(QTextCursor::NextCharacter);
+            const QRectF next = pane.cursorRect(character);
+            const double within = characters - int(characters);
+            const QPointF point(left + within * (next.center().x() - left), next.center().y());
+            QMouseEvent event(type, point, pane.viewport()->mapToGlobal(point), button, Qt::LeftButton, {});
+            QCoreApplication::sendEvent(pane.viewport(), &event);
+            return pane.textCursor().selectedText();
+        };
+        for (const double place : {2.1, 3.5, 4.9}) {
+            QCOMPARE(send(QEvent::MouseButtonDblClick, place, Qt::LeftButton), u"図書館"_s);
+            QCOMPARE(send(QEvent::MouseMove, 9.5, Qt::NoButton), u"図書館で本を読む"_s);
+            QCOMPARE(send(QEvent::MouseMove, 0.5, Qt::NoButton), u"私は図書館"_s);
+            send(QEvent::MouseButtonRelease, 0.5, Qt::LeftButton);
+        }
     }
 
     void onlyPlainTextIsPasted()

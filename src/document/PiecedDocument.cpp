@@ -190,6 +190,17 @@ int PiecedDocument::positionOf(int offset) const
     return m_hasSeams ? m_seams.positionBehind(offset) : std::clamp(offset, 0, characterCount() - 1);
 }
 
+TextStretch PiecedDocument::stretch(int from, int to) const
+{
+    std::vector<int> seams;
+    for (QTextBlock block = m_hasSeams ? findBlock(from).next() : QTextBlock();
+         block.isValid() && block.position() <= to; block = block.next()) {
+        if (isSeamBefore(block))
+            seams.push_back(block.position() - 1);
+    }
+    return {text(from, to), from, std::move(seams)};
+}
+
 QString PiecedDocument::text(int from, int to) const
 {
     QTextCursor range(const_cast<PiecedDocument *>(this));

@@ -2,6 +2,7 @@
 
 #include "document/SeamIndex.h"
 #include "document/TextPieces.h"
+#include "document/TextStretch.h"
 
 #include <QTextDocument>
 
@@ -28,6 +29,8 @@ public:
     /// What stands between two positions.
     QString text(int from, int to) const;
     QString text() const { return text(0, characterCount() - 1); }
+    /// The same, with where its characters are.
+    TextStretch stretch(int from, int to) const;
 
     /// Whether the block goes on with the line of the one before: between them there is no character.
     bool isSeamBefore(const QTextBlock &block) const;

@@ -7,6 +7,7 @@
 #include "reading/PaneAccessible.h"
 #include "reading/Patience.h"
 #include "reading/SeamStep.h"
+#include "reading/WordStep.h"
 #include "view/Notice.h"
 
 #include <QAccessible>
@@ -169,6 +170,8 @@ void TextPane::keyPressEvent(QKeyEvent *event)
         copy();
     } else if (event->matches(QKeySequence::Cut)) {
         cut();
+    } else if (QTextCursor cursor = textCursor(); stepByWord(piecedDocument(), cursor, *event)) {
+        setTextCursor(cursor);
     } else {
         const QTextCursor from = acrossSeam(piecedDocument(), textCursor(), *event);
         if (from.position() != textCursor().position())
@@ -195,6 +198,32 @@ void TextPane::mousePressEvent(QMouseEvent *event)
         return;
     setTextCursor(piecedDocument().lineAround(clicked));
     verticalScrollBar()->setValue(scrolled);
+}
+
+void TextPane::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    QPlainTextEdit::mouseDoubleClickEvent(event);
+    if (event->button() == Qt::LeftButton)
+        m_words.begin(event->pos());
+}
+
+void TextPane::mouseMoveEvent(QMouseEvent *event)
+{
+    QPlainTextEdit::mouseMoveEvent(event);
+    m_words.extend(event->pos());
+}
+
+void TextPane::mouseReleaseEvent(QMouseEvent *event)
+{
+    QPlainTextEdit::mouseReleaseEvent(event);
+    m_words.end();
+}
+
+// It scrolls on while something is dragged beyond an edge.
+void TextPane::timerEvent(QTimerEvent *event)
+{
+    QPlainTextEdit::timerEvent(event);
+    m_words.extend(viewport()->mapFromGlobal(QCursor::pos()));
 }
 
 // The menu items that concern the text, which are the Edit menu's own.

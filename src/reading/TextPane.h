@@ -1,5 +1,6 @@
 #pragma once
 
+#include "reading/WordSelection.h"
 #include "view/State.h"
 
 #include <QPlainTextEdit>
@@ -44,6 +45,10 @@ protected:
     void insertFromMimeData(const QMimeData *source) override;
     void keyPressEvent(QKeyEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void timerEvent(QTimerEvent *event) override;
     void scrollContentsBy(int dx, int dy) override;
     void resizeEvent(QResizeEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
@@ -61,6 +66,7 @@ private:
 
     ReadingText &m_text;
     Patience &m_patience;
+    WordSelection m_words{*this};
     // What blocks are marked with whose seams were fitted for the present width and font.
     int m_fit = 0;
     bool m_isFitting = false;
