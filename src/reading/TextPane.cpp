@@ -150,6 +150,11 @@ void TextPane::cut()
 
 QMimeData *TextPane::createMimeDataFromSelection() const
 {
+    return selected();
+}
+
+QMimeData *TextPane::selected() const
+{
     auto *data = new QMimeData;
     data->setText(piecedDocument().text(textCursor().selectionStart(), textCursor().selectionEnd()));
     return data;
@@ -180,50 +185,40 @@ void TextPane::keyPressEvent(QKeyEvent *event)
     }
 }
 
-// A third click selects a block, and shows its end; what is meant is a line of the text.
 void TextPane::mousePressEvent(QMouseEvent *event)
 {
-    const QTextCursor before = textCursor();
-    const int clicked = cursorForPosition(event->pos()).position();
-    const int scrolled = verticalScrollBar()->value();
-    QPlainTextEdit::mousePressEvent(event);
-    const QTextCursor now = textCursor();
-    const QTextBlock block = piecedDocument().findBlock(now.selectionStart());
-    const bool isBlock = now.hasSelection() && now.selectionStart() == block.position()
-        && now.selectionEnd() >= block.position() + block.length() - 1;
-    // One that was there before is about to be dragged or extended.
-    const bool isNew =
-        before.selectionStart() != now.selectionStart() || before.selectionEnd() != now.selectionEnd();
-    if (!isBlock || !isNew || (event->modifiers() & Qt::ShiftModifier))
-        return;
-    setTextCursor(piecedDocument().lineAround(clicked));
-    verticalScrollBar()->setValue(scrolled);
+    const bool extends = event->modifiers() & Qt::ShiftModifier;
+    if (event->button() == Qt::LeftButton && !extends && m_clicks.isThird(event->pos()))
+        m_clicks.thirdClick(event->pos());
+    else
+        QPlainTextEdit::mousePressEvent(event);
 }
 
 void TextPane::mouseDoubleClickEvent(QMouseEvent *event)
 {
-    QPlainTextEdit::mouseDoubleClickEvent(event);
     if (event->button() == Qt::LeftButton)
-        m_words.begin(event->pos());
+        m_clicks.doubleClick(event->pos());
+    else
+        QPlainTextEdit::mouseDoubleClickEvent(event);
 }
 
 void TextPane::mouseMoveEvent(QMouseEvent *event)
 {
     QPlainTextEdit::mouseMoveEvent(event);
-    m_words.extend(event->pos());
+    m_clicks.drag(event->pos());
 }
 
 void TextPane::mouseReleaseEvent(QMouseEvent *event)
 {
     QPlainTextEdit::mouseReleaseEvent(event);
-    m_words.end();
+    m_clicks.release();
 }
 
 // It scrolls on while something is dragged beyond an edge.
 void TextPane::timerEvent(QTimerEvent *event)
 {
     QPlainTextEdit::timerEvent(event);
-    m_words.extend(viewport()->mapFromGlobal(QCursor::pos()));
+    m_clicks.drag(viewport()->mapFromGlobal(QCursor::pos()));
 }
 
 // The menu items that concern the text, which are the Edit menu's own.

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "reading/WordSelection.h"
+#include "reading/ClickSelection.h"
 #include "view/State.h"
 
 #include <QPlainTextEdit>
@@ -26,6 +26,9 @@ public:
     // As those of a pane, but that nothing is lost when there is no memory for it.
     void copy();
     void cut();
+
+    /// What is selected, for whoever takes it.
+    QMimeData *selected() const;
 
     /// One step back or forward, in an edit or from text to text.
     void undo();
@@ -66,7 +69,7 @@ private:
 
     ReadingText &m_text;
     Patience &m_patience;
-    WordSelection m_words{*this};
+    ClickSelection m_clicks{*this};
     // What blocks are marked with whose seams were fitted for the present width and font.
     int m_fit = 0;
     bool m_isFitting = false;
