@@ -1,6 +1,7 @@
 #include "main_window/ContentView.h"
 
 #include "main_window/Columns.h"
+#include "reading/FindBar.h"
 #include "reading/TextPane.h"
 
 #include <QCoreApplication>
@@ -58,6 +59,9 @@ void ContentView::fillEditMenu(QMenu &menu)
     pane->addAction(menu.addSeparator());
     add(Titles::tr("すべてを選択(&A)"), QKeySequence::SelectAll, &TextPane::selectAll);
 
+    menu.addSeparator();
+    addFindItems(menu);
+
     followClipboard(paste, pane, &menu);
     QObject::connect(pane, &TextPane::menuMade, paste,
                      [=](QMenu *own) { followClipboard(paste, pane, own); });
@@ -69,6 +73,20 @@ void ContentView::fillEditMenu(QMenu &menu)
         redo, [can = text.canRedo()] { return can.value(); }, [redo](bool can) { redo->setEnabled(can); });
     QObject::connect(pane, &TextPane::copyAvailable, cut, &QAction::setEnabled);
     QObject::connect(pane, &TextPane::copyAvailable, copy, &QAction::setEnabled);
+}
+
+void ContentView::addFindItems(QMenu &menu)
+{
+    const auto add = [this, &menu](const QString &title, const QList<QKeySequence> &keys,
+                                   void (FindBar::*act)()) {
+        QAction *action = menu.addAction(title);
+        action->setShortcuts(keys);
+        QObject::connect(action, &QAction::triggered, m_columns, [this, act] { (findBar().*act)(); });
+    };
+    add(Titles::tr("検索(&F)…"), {QKeySequence::Find}, &FindBar::open);
+    add(Titles::tr("次を検索(&N)"), {Qt::Key_F3, Qt::CTRL | Qt::Key_G}, &FindBar::findNext);
+    add(Titles::tr("前を検索(&V)"), {Qt::SHIFT | Qt::Key_F3, Qt::CTRL | Qt::SHIFT | Qt::Key_G},
+        &FindBar::findPrevious);
 }
 
 void ContentView::fillViewMenu(QMenu &menu)

@@ -7,6 +7,7 @@
 #include "play/EventToolbar.h"
 #include "play/Events.h"
 #include "play/JourneyBoard.h"
+#include "reading/FindBar.h"
 #include "reading/OpeningMessage.h"
 #include "reading/Patience.h"
 #include "reading/ReadingControls.h"
@@ -21,8 +22,8 @@
 #include "view/Notice.h"
 #include "view/Stacks.h"
 
+#include <QBoxLayout>
 #include <QCoreApplication>
-#include <QLayout>
 
 namespace {
 
@@ -92,6 +93,22 @@ QWidget *ContentView::detailColumn()
     column->layout()->setContentsMargins(padding.left(), padding.top() / 2, padding.right(),
                                          padding.bottom() * 2 / 3);
     return onAppear([this] { readHost(); }, Scrollable(column));
+}
+
+// Made when it is first asked for; its place is below the pane, and the keyboard finds it there.
+FindBar &ContentView::findBar()
+{
+    if (m_findBar)
+        return *m_findBar;
+    m_findBar = new FindBar(*m_textPane);
+    auto *column = qobject_cast<QBoxLayout *>(m_textPane->parentWidget()->layout());
+    column->insertWidget(column->indexOf(m_textPane) + 1, m_findBar);
+    QWidget *before = m_textPane;
+    for (QWidget *part : m_findBar->findChildren<QWidget *>(Qt::FindDirectChildrenOnly)) {
+        QWidget::setTabOrder(before, part);
+        before = part;
+    }
+    return *m_findBar;
 }
 
 // What is typed meanwhile is meant for the text that comes.

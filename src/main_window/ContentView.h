@@ -17,6 +17,7 @@
 #include <optional>
 
 class Columns;
+class FindBar;
 class Frame;
 class QMenu;
 class QToolBar;
@@ -57,7 +58,9 @@ private:
     void startSimulation();
     void readHost();
     void saveUntitled();
+    void addFindItems(QMenu &menu);
     QWidget *detailColumn();
+    FindBar &findBar();
     void waitWhileLoading();
     QWidget *playArea();
 
@@ -92,4 +95,5 @@ private:
 
     QPointer<Columns> m_columns;
     QPointer<TextPane> m_textPane;
+    QPointer<FindBar> m_findBar;
 };
