@@ -55,6 +55,7 @@ void PiecedDocument::startOver(const TextPieces::Shape &shape)
     clear();
     m_shape = shape;
     m_hasSeams = false;
+    m_formatOfSeams = m_formatOfLineEnds = noFormat;
 }
 
 void PiecedDocument::append(const TextPieces::Piece &piece)
@@ -103,9 +104,15 @@ void PiecedDocument::insertLineEnd(QTextCursor cursor)
     cursor.endEditBlock();
 }
 
+// Asked of very many blocks: those of one kind share a format, so its number tells.
 bool PiecedDocument::isSeamBefore(const QTextBlock &block) const
 {
-    return m_hasSeams && block.isValid() && block.position() > 0 && kindBefore(block) == End::Seam;
+    if (!m_hasSeams || !block.isValid())
+        return false;
+    const int format = block.charFormatIndex();
+    if (format != m_formatOfSeams && format != m_formatOfLineEnds)
+        (kindBefore(block) == End::Seam ? m_formatOfSeams : m_formatOfLineEnds) = format;
+    return format == m_formatOfSeams && block != begin();
 }
 
 int PiecedDocument::acrossSeamBackward(int position) const

@@ -58,5 +58,8 @@ private:
 
     TextPieces::Shape m_shape;
     bool m_hasSeams = false;
+    // Of the blocks behind them, as far as they were seen.
+    static constexpr int noFormat = -1;
+    mutable int m_formatOfSeams = noFormat, m_formatOfLineEnds = noFormat;
     mutable SeamIndex m_seams{*this};
 };
