@@ -1,18 +1,24 @@
 #include "Testing.h"
+#include "decoding/Encodings.h"
 #include "document/ReadingText.h"
 #include "platform/Background.h"
 #include "preferences/PreferenceKeys.h"
 #include "preferences/UserDefaults.h"
+#include "reading/EncodingMenu.h"
+#include "reading/FontSize.h"
 #include "reading/OpeningMessage.h"
 #include "reading/Patience.h"
+#include "reading/SizeGestures.h"
 #include "reading/TextLoading.h"
 #include "reading/TextPane.h"
 #include "reading/WordStep.h"
 #include "view/OpenPanel.h"
 
 #include <QFileDialog>
+#include <QMenu>
 #include <QMimeData>
 #include <QSignalSpy>
+#include <QWheelEvent>
 
 namespace {
 
@@ -221,6 +227,96 @@ private slots:
             QCOMPARE(m_text.value(), QString::fromUtf8(content));
         }
         QCOMPARE(loaded.size(), 3);
+    }
+
+    void aFileThatIsHandedOverIsLoadedByTheSameRules()
+    {
+        Pane pane(m_text, m_size);
+        connect(&pane, &TextPane::filesGiven, &m_loading, &TextLoading::openFiles);
+        const QUrl text = QUrl::fromLocalFile(write(u"given.TXT"_s, "渡した文章"));
+        const QUrl rich = QUrl::fromLocalFile(write(u"given.rtf"_s, "{}"));
+        const std::tuple<QList<QUrl>, qint64, QString> handed[]{
+            {{text}, 0, u"渡した文章"_s}, {{rich}, 0, u"前"_s},
+            {{text}, 1, u"前"_s},         {{rich}, 1, u"{}"_s},
+            {{text, rich}, 0, u"前"_s},   {{QUrl::fromLocalFile(m_folder.path())}, 0, u"前"_s},
+        };
+        for (const auto &[urls, toggle, expected] : handed) {
+            m_text.setValue(u"前"_s);
+            m_store.setInteger(toggle, Key::IntKeyToggle1);
+            QMimeData files;
+            files.setUrls(urls);
+            QVERIFY(pane.canInsertFromMimeData(&files));
+            pane.insertFromMimeData(&files);
+            finishReading();
+            QCOMPARE(m_text.value(), expected);
+        }
+        m_store.setInteger(0, Key::IntKeyToggle1);
+        m_text.setValue({});
+        QMimeData page;
+        page.setUrls({QUrl(u"https://example.org/a.txt"_s)});
+        page.setText(u"https://example.org/a.txt"_s);
+        pane.insertFromMimeData(&page);
+        QCOMPARE(m_text.value(), page.text());
+    }
+
+    void aFileIsReadAgainInTheEncodingThatIsChosen()
+    {
+        TextLoading loading{m_text, m_sp1, m_sp2, m_store, {}};
+        QSignalSpy unfit(&loading, &TextLoading::unfit);
+        QMenu menu;
+        fillEncodingMenu(menu, loading);
+        const auto choose = [&](const QByteArray &encoding) {
+            emit menu.aboutToShow();
+            for (QAction *item : menu.actions()) {
+                if (!item->isSeparator() && item->data().toByteArray() == encoding)
+                    item->trigger();
+            }
+            finishReading();
+            emit menu.aboutToShow();
+            for (QAction *item : menu.actions()) {
+                if (item->isChecked())
+                    return item->data().toByteArray();
+            }
+            return QByteArray("none");
+        };
+        QCOMPARE(choose("UTF-8"), QByteArray("none")); // before there is a file
+        loading.openFiles({QUrl::fromLocalFile(write(u"kana.txt"_s, "\xa4\xab\xa4\xca"))});
+        finishReading();
+        QCOMPARE(choose("EUC-JP"), QByteArray("EUC-JP"));
+        QCOMPARE(m_text.value(), u"かな"_s);
+        QCOMPARE(choose("windows-31j"), QByteArray("windows-31j"));
+        QCOMPARE(m_text.value(), u"､ｫ､ﾊ"_s);
+        QVERIFY(unfit.isEmpty());
+        QCOMPARE(choose("UTF-8"), QByteArray("windows-31j")); // which it isn't
+        QCOMPARE(m_text.value(), u"､ｫ､ﾊ"_s);
+        QCOMPARE(unfit.size(), 1);
+        loading.openFiles({QUrl::fromLocalFile(write(u"next.txt"_s, "次"))});
+        finishReading();
+        QCOMPARE(choose("nothing of this name"), QByteArray());
+        QSet<QByteArray> offered;
+        for (const QAction *item : menu.actions())
+            offered += item->data().toByteArray();
+        for (const Encoding &encoding : encodings())
+            QVERIFY2(offered.contains(encoding.name), encoding.name);
+    }
+
+    void theWheelStepsTheSizeWhileCtrlIsHeld()
+    {
+        State<double> size{FontSize::initial};
+        TextPane pane(m_text, size);
+        stepSizeOver(pane.viewport(), size);
+        const auto turn = [&](int angle, Qt::KeyboardModifiers keys) {
+            QWheelEvent event({10, 10}, {10, 10}, {}, {0, angle}, Qt::NoButton, keys, Qt::NoScrollPhase,
+                              false);
+            QCoreApplication::sendEvent(pane.viewport(), &event);
+            return size.value();
+        };
+        QCOMPARE(turn(240, Qt::NoModifier), 14);
+        QCOMPARE(turn(240, Qt::ControlModifier), 16);
+        QCOMPARE(turn(60, Qt::ControlModifier), 16); // half a notch
+        QCOMPARE(turn(60, Qt::ControlModifier), 17);
+        QCOMPARE(turn(-12000, Qt::ControlModifier), 10);
+        QCOMPARE(turn(12000, Qt::ControlModifier), 40);
     }
 
     void whatCannotBeReadChangesNothing()

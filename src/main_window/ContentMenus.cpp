@@ -1,6 +1,7 @@
 #include "main_window/ContentView.h"
 
 #include "main_window/Columns.h"
+#include "reading/EncodingMenu.h"
 #include "reading/FindBar.h"
 #include "reading/TextPane.h"
 
@@ -103,15 +104,23 @@ void ContentView::fillViewMenu(QMenu &menu)
         QAction *action = menu.addAction(title);
         action->setShortcut(key);
         QObject::connect(action, &QAction::triggered, m_columns,
-                         [this, size = std::move(size)] { fontSize = FontSize::allowed(size()); });
+                         [this, size] { fontSize = FontSize::allowed(size()); });
         return action;
     };
-    const auto larger = [this] { return fontSize + FontSize::step; };
-    const auto smaller = [this] { return fontSize - FontSize::step; };
+    const auto step = [this, &add](const QString &title, double points, double last) {
+        QAction *action = add(title, {}, [this, points] { return fontSize + points; });
+        follow(
+            action, [this, last] { return fontSize.value() != last; },
+            [action](bool can) { action->setEnabled(can); });
+        return action;
+    };
     // The plus sign shares its key with another character on most keyboards; both do.
-    add(Titles::tr("文字を大きく(&L)"), {}, larger)
+    step(Titles::tr("文字を大きく(&L)"), FontSize::step, FontSize::largest)
         ->setShortcuts({QKeySequence(Qt::CTRL | Qt::Key_Plus), QKeySequence(Qt::CTRL | Qt::Key_Equal),
                         QKeySequence(Qt::CTRL | Qt::Key_Semicolon)});
-    add(Titles::tr("文字を小さく(&M)"), Qt::CTRL | Qt::Key_Minus, smaller);
+    step(Titles::tr("文字を小さく(&M)"), -FontSize::step, FontSize::smallest)
+        ->setShortcut(Qt::CTRL | Qt::Key_Minus);
     add(Titles::tr("標準の大きさ(&N)"), Qt::CTRL | Qt::Key_0, [] { return FontSize::initial; });
+    menu.addSeparator();
+    fillEncodingMenu(*menu.addMenu(Titles::tr("文字コード(&E)")), m_textLoading);
 }

@@ -11,6 +11,7 @@
 #include "reading/OpeningMessage.h"
 #include "reading/Patience.h"
 #include "reading/ReadingControls.h"
+#include "reading/SizeGestures.h"
 #include "reading/TextPane.h"
 #include "simulation/Simulation.h"
 #include "simulation/SimulationTask.h"
@@ -74,6 +75,7 @@ QWidget *ContentView::detailColumn()
     QWidget *picker = BrowserPicker(browsers, selectedBrowser, m_browserChoice);
     QWidget *controls = ReadingControls(fontSize, actions, picker);
     m_textPane = new TextPane(text, fontSize);
+    stepSizeOver(m_textPane->viewport(), fontSize);
     waitWhileLoading();
     onAppear(
         [this] {
@@ -121,6 +123,13 @@ void ContentView::waitWhileLoading()
     });
     QObject::connect(&m_textLoading, &TextLoading::ended, m_textPane,
                      [this] { m_textPane->patience().end(); });
+    QObject::connect(&m_textLoading, &TextLoading::unfit, m_textPane, [this] {
+        showNotice(QMessageBox::Information,
+                   QCoreApplication::translate("ContentView", "この文字コードでは読めません。"),
+                   QCoreApplication::translate("ContentView", "文章は、もとのままです。"),
+                   m_columns->window());
+    });
+    QObject::connect(m_textPane, &TextPane::filesGiven, &m_textLoading, &TextLoading::openFiles);
 }
 
 QWidget *ContentView::playArea()

@@ -20,7 +20,21 @@
 #include <QTextBlock>
 #include <QTextLayout>
 
+#include <algorithm>
 #include <utility>
+
+namespace {
+
+// Nothing unless they are files, all of them: the address of a page is a text.
+QList<QUrl> filesIn(const QMimeData &source)
+{
+    const QList<QUrl> urls = source.hasUrls() ? source.urls() : QList<QUrl>();
+    return std::all_of(urls.begin(), urls.end(), [](const QUrl &url) { return url.isLocalFile(); })
+        ? urls
+        : QList<QUrl>();
+}
+
+} // namespace
 
 TextPane::TextPane(ReadingText &text, const State<double> &fontSize)
     : m_text(text)
@@ -107,14 +121,26 @@ QSize TextPane::sizeHint() const
 
 bool TextPane::canInsertFromMimeData(const QMimeData *source) const
 {
-    return source && source->hasText();
+    return source && (source->hasText() || !filesIn(*source).isEmpty());
 }
 
-// Only ever the plain text, whatever else the clipboard offers with it; nothing when there is none.
+// A file that is moved here is still where it was: it is read, and no more.
+void TextPane::dropEvent(QDropEvent *event)
+{
+    const bool bringsFiles = !filesIn(*event->mimeData()).isEmpty();
+    QPlainTextEdit::dropEvent(event);
+    if (bringsFiles)
+        event->setDropAction(Qt::CopyAction);
+}
+
+// Files are for others to load. Otherwise only ever the plain text, whatever else the clipboard offers with
+// it; nothing when there is none.
 void TextPane::insertFromMimeData(const QMimeData *source)
 {
     if (!canInsertFromMimeData(source))
         return;
+    if (const QList<QUrl> files = filesIn(*source); !files.isEmpty())
+        return emit filesGiven(files);
     try {
         const QString text = source->text();
         if (text.size() > LargeText::bytes)

@@ -4,6 +4,7 @@
 #include "view/State.h"
 
 #include <QPlainTextEdit>
+#include <QUrl>
 
 class Patience;
 class QMenu;
@@ -39,6 +40,8 @@ public:
     QSize minimumSizeHint() const override { return sizeHint(); }
 
 signals:
+    /// Files were dropped on the pane, or pasted.
+    void filesGiven(const QList<QUrl> &files);
     /// Its own menu was made, and is about to be shown.
     void menuMade(QMenu *menu);
 
@@ -52,6 +55,7 @@ protected:
     void mouseMoveEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
     void timerEvent(QTimerEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
     void scrollContentsBy(int dx, int dy) override;
     void resizeEvent(QResizeEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
