@@ -345,6 +345,43 @@ private slots:
         QCOMPARE(m_text.value(), u"動作中"_s);
     }
 
+    void aStepBackIsWhatAPersonDidInOneGo()
+    {
+        Pane pane(m_text, m_size);
+        m_text.setValue(u"前"_s);
+        pane.moveCursor(QTextCursor::End);
+        QMimeData pasted;
+        pasted.setText(u"貼"_s);
+        const std::function<void()> deeds[]{
+            [&] { QTest::keyClicks(&pane, u"one two"_s); },
+            [&] { pane.insertFromMimeData(&pasted); },
+            [&] { QTest::keyClicks(&pane, u"three"_s); },
+            [&] {
+                QTest::keyClick(&pane, Qt::Key_Left);
+                QTest::keyClick(&pane, Qt::Key_Right);
+                QTest::keyClicks(&pane, u"four"_s);
+            },
+            [&] {
+                pane.selectAll();
+                QTest::keyClicks(&pane, u"instead"_s);
+            },
+            [&] {
+                for (int i = 0; i < 3; ++i)
+                    QTest::keyClick(&pane, Qt::Key_Backspace);
+            },
+            [&] { QTest::keyClick(&pane, Qt::Key_Return); },
+        };
+        QStringList states;
+        for (const auto &deed : deeds) {
+            states.prepend(m_text.value());
+            deed();
+        }
+        for (const QString &state : states) {
+            pane.undo();
+            QCOMPARE(m_text.value(), state);
+        }
+    }
+
     void whatReplacedTheTextIsTakenBackInOneStep()
     {
         ReadingText text;

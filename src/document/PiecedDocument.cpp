@@ -90,6 +90,13 @@ void PiecedDocument::insert(QTextCursor cursor, const QString &text)
     for (TextPieces pieces(text, shape); !pieces.atEnd();)
         put(cursor, pieces.next());
     cursor.endEditBlock();
+    endStep();
+}
+
+// Qt joins no two edits across a state to which one might want to return: that of the saved text.
+void PiecedDocument::endStep()
+{
+    setModified(false);
 }
 
 // At a seam it takes the seam's place, lest an empty block be left.

@@ -25,6 +25,8 @@ public:
     /// Replaces what is selected; ends in one step of undoing.
     void insert(QTextCursor cursor, const QString &text);
     void insertLineEnd(QTextCursor cursor);
+    /// What is typed from now on isn't taken back together with what was typed before.
+    void endStep();
 
     /// What stands between two positions.
     QString text(int from, int to) const;

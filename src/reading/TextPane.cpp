@@ -204,11 +204,23 @@ void TextPane::keyPressEvent(QKeyEvent *event)
     } else if (QTextCursor cursor = textCursor(); stepByWord(piecedDocument(), cursor, *event)) {
         setTextCursor(cursor);
     } else {
-        const QTextCursor from = acrossSeam(piecedDocument(), textCursor(), *event);
-        if (from.position() != textCursor().position())
-            setTextCursor(from);
-        QPlainTextEdit::keyPressEvent(event);
+        type(event);
     }
+}
+
+// What is typed in one go, at one place, is one step back.
+void TextPane::type(QKeyEvent *event)
+{
+    constexpr int pause = 2000; // milliseconds
+    if (textCursor().position() != m_typedTo || !m_sinceTyped.isValid() || m_sinceTyped.hasExpired(pause))
+        piecedDocument().endStep();
+    const QTextCursor from = acrossSeam(piecedDocument(), textCursor(), *event);
+    if (from.position() != textCursor().position())
+        setTextCursor(from);
+    const int revision = document()->revision();
+    QPlainTextEdit::keyPressEvent(event);
+    m_typedTo = document()->revision() == revision ? nowhere : textCursor().position();
+    m_sinceTyped.start();
 }
 
 void TextPane::mousePressEvent(QMouseEvent *event)

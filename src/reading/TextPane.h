@@ -3,6 +3,7 @@
 #include "reading/ClickSelection.h"
 #include "view/State.h"
 
+#include <QElapsedTimer>
 #include <QPlainTextEdit>
 #include <QUrl>
 
@@ -70,6 +71,7 @@ private:
     void fitSeams();
 
     bool canCopy();
+    void type(QKeyEvent *event);
 
     ReadingText &m_text;
     Patience &m_patience;
@@ -77,4 +79,8 @@ private:
     // What blocks are marked with whose seams were fitted for the present width and font.
     int m_fit = 0;
     bool m_isFitting = false;
+    // Where the latest stretch of typing ended, and when.
+    static constexpr int nowhere = -1;
+    int m_typedTo = nowhere;
+    QElapsedTimer m_sinceTyped;
 };
