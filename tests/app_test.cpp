@@ -2,6 +2,7 @@
 #include "app/MainWindow.h"
 #include "app/SettingsWindow.h"
 #include "app/TarumineApp.h"
+#include "view/Frame.h"
 #include "view/TypedOpenPanel.h"
 
 #include <QDialog>
@@ -58,7 +59,7 @@ private slots:
         TarumineApp app;
         app.newWindow();
         MainWindow &window = *app.windows().front();
-        QWidget *content = window.centralWidget();
+        auto *content = window.findChild<Frame *>();
         QCOMPARE(content->size(), QSize(999, 350));
         window.resize(3000, 3000);
         QCOMPARE(content->size(), QSize(1199, 650));

@@ -175,6 +175,37 @@ private slots:
         }
     }
 
+    void thereIsRoomForReading()
+    {
+        const QFont usual = QApplication::font();
+        for (const double points : {9.0, 10.0, 11.0, 12.0}) {
+            QFont font(u"Noto Sans CJK JP"_s);
+            font.setPointSizeF(points);
+            QApplication::setFont(font);
+            const auto [content, view] = shown(m_surroundings);
+            view->resize(999, 350);
+            QCoreApplication::processEvents();
+            const auto *pane = view->findChild<TextPane *>();
+            const QWidget *column = pane->parentWidget();
+            const auto middle = [column](const QWidget *control) {
+                return control->mapTo(column, control->rect().center()).y();
+            };
+            const auto buttons = column->findChildren<QPushButton *>();
+            for (int i = 1; i < 4; ++i)
+                QCOMPARE(middle(buttons[i]), middle(buttons[0]));
+            QVERIFY(std::abs(middle(column->findChild<QSlider *>()) - middle(buttons[0])) < 3);
+            const auto *list = column->findChild<QComboBox *>(); // its title stands above it
+            QVERIFY2(std::abs(middle(list->parentWidget()) - middle(buttons[0])) < 3,
+                     QByteArray::number(points));
+            QVERIFY2(pane->height() >= 150, QByteArray::number(pane->height()));
+            auto *tree = view->findChild<QTreeView *>();
+            tree->expandAll();
+            const QModelIndex deepest = tree->indexBelow(tree->indexBelow(tree->model()->index(1, 0)));
+            QVERIFY(tree->visualRect(deepest).width() >= tree->sizeHintForIndex(deepest).width());
+        }
+        QApplication::setFont(usual);
+    }
+
     void thePdfIsAimedAtTheDownloads()
     {
         const auto [content, view] = shown(m_surroundings);

@@ -44,6 +44,17 @@ private slots:
             QVERIFY2(decodedText(QByteArray::fromHex(hex)) == text, name);
     }
 
+    void anEncodingThatSomebodyTellsIsTakenAtTheirWord()
+    {
+        const QByteArray shiftJis("\x92\xa9\x82\xcc");
+        QCOMPARE(decodedText(shiftJis, "windows-31j"), u"朝の"_s);
+        QCOMPARE(decodedText(shiftJis, "windows-1251"), u"’©‚М"_s);
+        QCOMPARE(decodedText("\xff\xfe\x1d\x67", "UTF-16LE"), u"朝"_s);
+        QCOMPARE(decodedText("\xef\xbb\xbf朝", "UTF-8"), u"朝"_s);
+        for (const char *other : {"UTF-8", "EUC-JP", "UTF-32LE", "no such thing"})
+            QVERIFY2(!decodedText(shiftJis + "\xa9", other), other);
+    }
+
     void whatComesLateIsHeardToo()
     {
         const auto decoded = decodedText(QByteArray(100'000, '-') + "\x92\xa9\x82\xcc\x8b\x4c\x98\x5e");

@@ -2,6 +2,8 @@
 #include "document/ReadingText.h"
 #include "reading/FontSize.h"
 #include "reading/TextPane.h"
+#include "reading/WordBoundaries.h"
+#include "reading/WordStep.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QAccessible>
@@ -152,6 +154,9 @@ private slots:
                 QCOMPARE(m_text.value(), line);
             }
         }
+        const auto word = WordBoundaries::around(line, seam - 1);
+        QCOMPARE(wordAround(document, seam).selectionStart(),
+                 document.positionOf(int(word.start)) + (word.start == seam - 1 ? 1 : 0));
         QAccessibleTextInterface *heard = QAccessible::queryAccessibleInterface(&pane)->textInterface();
         QCOMPARE(heard->text(0, heard->characterCount()), line);
         heard->setCursorPosition(2000);

@@ -1,17 +1,24 @@
 #include "Testing.h"
+#include "decoding/Encodings.h"
 #include "document/ReadingText.h"
 #include "platform/Background.h"
 #include "preferences/PreferenceKeys.h"
 #include "preferences/UserDefaults.h"
+#include "reading/EncodingMenu.h"
+#include "reading/FontSize.h"
 #include "reading/OpeningMessage.h"
 #include "reading/Patience.h"
+#include "reading/SizeGestures.h"
 #include "reading/TextLoading.h"
 #include "reading/TextPane.h"
+#include "reading/WordStep.h"
 #include "view/OpenPanel.h"
 
 #include <QFileDialog>
+#include <QMenu>
 #include <QMimeData>
 #include <QSignalSpy>
+#include <QWheelEvent>
 
 namespace {
 
@@ -99,6 +106,80 @@ private slots:
         QCOMPARE(m_text.value(), u"一\n二"_s);
     }
 
+    void wordsAreThoseOfAJapaneseReader_data()
+    {
+        cases<QString>({
+            {"kanji and kana", u"図書館|で|本|を|読む|。"_s},
+            {"hiragana between them", u"私|は|猫|です|。|名前|は|まだ|無い|。"_s},
+            {"Latin among them", u"Qt| |6|で|don't| |「|PDF|」|を|作る"_s},
+            {"emoji of several characters", u"家族|👨‍👩‍👧‍👦|🐱|🇯🇵|と"_s},
+            {"lines and blanks", u"一行|\n|\n|　　|二|行|\n"_s},
+        });
+    }
+    void wordsAreThoseOfAJapaneseReader()
+    {
+        const auto [divided] = values<QString>();
+        const QStringList words = divided.split(u'|');
+        const QString text = words.join(QString());
+        TextPane pane(m_text, m_size);
+        m_text.setValue(text);
+        pane.moveCursor(QTextCursor::Start);
+        int place = 0;
+        QList<int> stops{0};
+        for (const QString &word : words) {
+            for (const qsizetype within : {qsizetype(0), word.size() - 1})
+                QCOMPARE(wordAround(m_text.document(), place + int(within)).selectedText().size(),
+                         word.size());
+            place += int(word.size());
+            const bool isFollowedByBlank =
+                place < text.size() && text[place].isSpace() && text[place] != u'\n';
+            if (!isFollowedByBlank)
+                stops += place;
+        }
+        const auto press = [&](int key, Qt::KeyboardModifiers modifiers = {}) {
+            QTest::keyClick(&pane, Qt::Key(key), Qt::ControlModifier | modifiers);
+            return pane.textCursor().position();
+        };
+        for (qsizetype i = 1; i < stops.size(); ++i)
+            QCOMPARE(press(Qt::Key_Right), stops[i]);
+        const int end = pane.textCursor().position();
+        press(Qt::Key_Left, Qt::ShiftModifier);
+        QCOMPARE(pane.textCursor().anchor(), end);
+        QCOMPARE(press(Qt::Key_Right), end);
+        QCOMPARE(press(Qt::Key_Backspace), text.size() - words.last().size());
+        pane.undo();
+        QCOMPARE(m_text.value(), text);
+        pane.moveCursor(QTextCursor::Start);
+        press(Qt::Key_Delete);
+        QCOMPARE(m_text.value(), text.mid(stops[1]));
+    }
+
+    void aDoubleClickTakesAWordAndADragMore()
+    {
+        TextPane pane(m_text, m_size);
+        m_text.setValue(u"私は図書館で本を読む。"_s);
+        pane.resize(600, 200);
+        pane.show();
+        const auto send = [&](QEvent::Type type, double characters, Qt::MouseButton button) {
+            QTextCursor character(pane.document());
+            character.setPosition(int(characters));
+            const double left = pane.cursorRect(character).center().x();
+            character.movePosition(QTextCursor::NextCharacter);
+            const QRectF next = pane.cursorRect(character);
+            const double within = characters - int(characters);
+            const QPointF point(left + within * (next.center().x() - left), next.center().y());
+            QMouseEvent event(type, point, pane.viewport()->mapToGlobal(point), button, Qt::LeftButton, {});
+            QCoreApplication::sendEvent(pane.viewport(), &event);
+            return pane.textCursor().selectedText();
+        };
+        for (const double place : {2.1, 3.5, 4.9}) {
+            QCOMPARE(send(QEvent::MouseButtonDblClick, place, Qt::LeftButton), u"図書館"_s);
+            QCOMPARE(send(QEvent::MouseMove, 9.5, Qt::NoButton), u"図書館で本を読む"_s);
+            QCOMPARE(send(QEvent::MouseMove, 0.5, Qt::NoButton), u"私は図書館"_s);
+            send(QEvent::MouseButtonRelease, 0.5, Qt::LeftButton);
+        }
+    }
+
     void onlyPlainTextIsPasted()
     {
         ReadingText text;
@@ -148,6 +229,96 @@ private slots:
         QCOMPARE(loaded.size(), 3);
     }
 
+    void aFileThatIsHandedOverIsLoadedByTheSameRules()
+    {
+        Pane pane(m_text, m_size);
+        connect(&pane, &TextPane::filesGiven, &m_loading, &TextLoading::openFiles);
+        const QUrl text = QUrl::fromLocalFile(write(u"given.TXT"_s, "渡した文章"));
+        const QUrl rich = QUrl::fromLocalFile(write(u"given.rtf"_s, "{}"));
+        const std::tuple<QList<QUrl>, qint64, QString> handed[]{
+            {{text}, 0, u"渡した文章"_s}, {{rich}, 0, u"前"_s},
+            {{text}, 1, u"前"_s},         {{rich}, 1, u"{}"_s},
+            {{text, rich}, 0, u"前"_s},   {{QUrl::fromLocalFile(m_folder.path())}, 0, u"前"_s},
+        };
+        for (const auto &[urls, toggle, expected] : handed) {
+            m_text.setValue(u"前"_s);
+            m_store.setInteger(toggle, Key::IntKeyToggle1);
+            QMimeData files;
+            files.setUrls(urls);
+            QVERIFY(pane.canInsertFromMimeData(&files));
+            pane.insertFromMimeData(&files);
+            finishReading();
+            QCOMPARE(m_text.value(), expected);
+        }
+        m_store.setInteger(0, Key::IntKeyToggle1);
+        m_text.setValue({});
+        QMimeData page;
+        page.setUrls({QUrl(u"https://example.org/a.txt"_s)});
+        page.setText(u"https://example.org/a.txt"_s);
+        pane.insertFromMimeData(&page);
+        QCOMPARE(m_text.value(), page.text());
+    }
+
+    void aFileIsReadAgainInTheEncodingThatIsChosen()
+    {
+        TextLoading loading{m_text, m_sp1, m_sp2, m_store, {}};
+        QSignalSpy unfit(&loading, &TextLoading::unfit);
+        QMenu menu;
+        fillEncodingMenu(menu, loading);
+        const auto choose = [&](const QByteArray &encoding) {
+            emit menu.aboutToShow();
+            for (QAction *item : menu.actions()) {
+                if (!item->isSeparator() && item->data().toByteArray() == encoding)
+                    item->trigger();
+            }
+            finishReading();
+            emit menu.aboutToShow();
+            for (QAction *item : menu.actions()) {
+                if (item->isChecked())
+                    return item->data().toByteArray();
+            }
+            return QByteArray("none");
+        };
+        QCOMPARE(choose("UTF-8"), QByteArray("none")); // before there is a file
+        loading.openFiles({QUrl::fromLocalFile(write(u"kana.txt"_s, "\xa4\xab\xa4\xca"))});
+        finishReading();
+        QCOMPARE(choose("EUC-JP"), QByteArray("EUC-JP"));
+        QCOMPARE(m_text.value(), u"かな"_s);
+        QCOMPARE(choose("windows-31j"), QByteArray("windows-31j"));
+        QCOMPARE(m_text.value(), u"､ｫ､ﾊ"_s);
+        QVERIFY(unfit.isEmpty());
+        QCOMPARE(choose("UTF-8"), QByteArray("windows-31j")); // which it isn't
+        QCOMPARE(m_text.value(), u"､ｫ､ﾊ"_s);
+        QCOMPARE(unfit.size(), 1);
+        loading.openFiles({QUrl::fromLocalFile(write(u"next.txt"_s, "次"))});
+        finishReading();
+        QCOMPARE(choose("nothing of this name"), QByteArray());
+        QSet<QByteArray> offered;
+        for (const QAction *item : menu.actions())
+            offered += item->data().toByteArray();
+        for (const Encoding &encoding : encodings())
+            QVERIFY2(offered.contains(encoding.name), encoding.name);
+    }
+
+    void theWheelStepsTheSizeWhileCtrlIsHeld()
+    {
+        State<double> size{FontSize::initial};
+        TextPane pane(m_text, size);
+        stepSizeOver(pane.viewport(), size);
+        const auto turn = [&](int angle, Qt::KeyboardModifiers keys) {
+            QWheelEvent event({10, 10}, {10, 10}, {}, {0, angle}, Qt::NoButton, keys, Qt::NoScrollPhase,
+                              false);
+            QCoreApplication::sendEvent(pane.viewport(), &event);
+            return size.value();
+        };
+        QCOMPARE(turn(240, Qt::NoModifier), 14);
+        QCOMPARE(turn(240, Qt::ControlModifier), 16);
+        QCOMPARE(turn(60, Qt::ControlModifier), 16); // half a notch
+        QCOMPARE(turn(60, Qt::ControlModifier), 17);
+        QCOMPARE(turn(-12000, Qt::ControlModifier), 10);
+        QCOMPARE(turn(12000, Qt::ControlModifier), 40);
+    }
+
     void whatCannotBeReadChangesNothing()
     {
         m_text.setValue(u"前"_s);
@@ -172,6 +343,43 @@ private slots:
         m_text.setValue(u"動作中"_s); // put there after the file was picked
         finishReading();
         QCOMPARE(m_text.value(), u"動作中"_s);
+    }
+
+    void aStepBackIsWhatAPersonDidInOneGo()
+    {
+        Pane pane(m_text, m_size);
+        m_text.setValue(u"前"_s);
+        pane.moveCursor(QTextCursor::End);
+        QMimeData pasted;
+        pasted.setText(u"貼"_s);
+        const std::function<void()> deeds[]{
+            [&] { QTest::keyClicks(&pane, u"one two"_s); },
+            [&] { pane.insertFromMimeData(&pasted); },
+            [&] { QTest::keyClicks(&pane, u"three"_s); },
+            [&] {
+                QTest::keyClick(&pane, Qt::Key_Left);
+                QTest::keyClick(&pane, Qt::Key_Right);
+                QTest::keyClicks(&pane, u"four"_s);
+            },
+            [&] {
+                pane.selectAll();
+                QTest::keyClicks(&pane, u"instead"_s);
+            },
+            [&] {
+                for (int i = 0; i < 3; ++i)
+                    QTest::keyClick(&pane, Qt::Key_Backspace);
+            },
+            [&] { QTest::keyClick(&pane, Qt::Key_Return); },
+        };
+        QStringList states;
+        for (const auto &deed : deeds) {
+            states.prepend(m_text.value());
+            deed();
+        }
+        for (const QString &state : states) {
+            pane.undo();
+            QCOMPARE(m_text.value(), state);
+        }
     }
 
     void whatReplacedTheTextIsTakenBackInOneStep()

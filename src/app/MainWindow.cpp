@@ -1,17 +1,18 @@
 #include "app/MainWindow.h"
 
 #include "view/Frame.h"
+#include "view/Stacks.h"
 #include "view/Unwinding.h"
 
 #include <QCloseEvent>
+#include <QToolBar>
 
 MainWindow::MainWindow()
     : m_frame(m_content.body())
+    , m_toolbar(m_content.toolbar())
 {
-    setAnimated(false);
-    addToolBar(m_content.toolbar());
-    setContextMenuPolicy(Qt::PreventContextMenu); // it would offer to hide the toolbar for good
-    setCentralWidget(m_frame);
+    // The window's own place for toolbars has one unfold over the content, and leaves it there.
+    setCentralWidget(VStack({m_toolbar, m_frame}, {.spacing = 0}));
 }
 
 // The view goes before the state that it shows.
@@ -38,6 +39,6 @@ void MainWindow::closeEvent(QCloseEvent *event)
 // The bars come on top of what the content may have.
 void MainWindow::boundSize()
 {
-    const QSize bars = size() - m_frame->size();
+    const QSize bars = size() - centralWidget()->size() + QSize(0, m_toolbar->sizeHint().height());
     setMaximumSize(m_frame->bounds().maximum + bars);
 }

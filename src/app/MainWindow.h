@@ -27,4 +27,5 @@ private:
 
     ContentView m_content;
     Frame *m_frame;
+    QToolBar *m_toolbar;
 };

@@ -1,11 +1,13 @@
 #include "app/Menus.h"
 
+#include "app/About.h"
 #include "app/MainWindow.h"
 #include "app/TarumineApp.h"
 #include "view/Modifiers.h"
 
 #include <QActionGroup>
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QMenuBar>
 #include <QToolButton>
 
@@ -31,8 +33,14 @@ void addFileMenu(QMenuBar *bar, MainWindow &window, TarumineApp &app)
     QMenu *menu = bar->addMenu(Titles::tr("ファイル(&F)"));
     add(menu, Titles::tr("新規ウインドウ(&N)"), QKeySequence::New, &app, &TarumineApp::newWindow);
     menu->addSeparator();
+    window.content().fillFileMenu(*menu);
+    menu->addSeparator();
+    add(menu, Titles::tr("Tarumine について(&A)"), {}, &window, [&window] {
+        showAbout(&window);
+    })->setMenuRole(QAction::AboutRole);
+    menu->addSeparator();
     add(menu, Titles::tr("ウインドウを閉じる(&C)"), QKeySequence::Close, &window, &QWidget::close);
-    add(menu, Titles::tr("Tarumine を終了(&Q)"), Qt::CTRL | Qt::Key_Q, qApp, &QCoreApplication::quit)
+    add(menu, Titles::tr("Tarumine を終了(&Q)"), quitKey(), qApp, &QCoreApplication::quit)
         ->setMenuRole(QAction::QuitRole);
 }
 
@@ -41,7 +49,7 @@ void addEditMenu(QMenuBar *bar, MainWindow &window, TarumineApp &app)
     QMenu *menu = bar->addMenu(Titles::tr("編集(&E)"));
     window.content().fillEditMenu(*menu);
     menu->addSeparator();
-    add(menu, Titles::tr("設定…(&S)"), Qt::CTRL | Qt::Key_Comma, &app, &TarumineApp::showSettings)
+    add(menu, Titles::tr("設定(&S)…"), Qt::CTRL | Qt::Key_Comma, &app, &TarumineApp::showSettings)
         ->setMenuRole(QAction::PreferencesRole);
 }
 
@@ -76,6 +84,17 @@ void addHelpMenu(QMenuBar *bar, MainWindow &window, TarumineApp &app)
         [&app, &window] { app.openManual(&window); });
 }
 
+// Of whatever has the keyboard, where it is edited.
+void openContextMenu()
+{
+    QWidget *focused = QApplication::focusWidget();
+    if (!focused)
+        return;
+    const QPoint place = focused->inputMethodQuery(Qt::ImCursorRectangle).toRect().center();
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, place, focused->mapToGlobal(place));
+    QCoreApplication::sendEvent(focused, &event);
+}
+
 } // namespace
 
 void addMenus(MainWindow &window, TarumineApp &app)
@@ -86,6 +105,13 @@ void addMenus(MainWindow &window, TarumineApp &app)
     window.content().fillViewMenu(*bar->addMenu(Titles::tr("表示(&V)")));
     addWindowMenu(bar, window, app);
     addHelpMenu(bar, window, app);
+    const auto enterTheBar = [bar] {
+        bar->setFocus(Qt::MenuBarFocusReason);
+        bar->setActiveAction(bar->actions().first());
+    };
+    // As on every desktop; Qt leaves these to us.
+    onKeys({Qt::Key_F10}, enterTheBar, &window);
+    onKeys({Qt::SHIFT | Qt::Key_F10}, openContextMenu, &window);
     for (QToolButton *button : bar->findChildren<QToolButton *>())
         markOverflow(button, Titles::tr("その他のメニュー"));
 }

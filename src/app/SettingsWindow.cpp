@@ -1,8 +1,7 @@
 #include "app/SettingsWindow.h"
 
 #include "view/Frame.h"
-
-#include <QAction>
+#include "view/Modifiers.h"
 
 SettingsWindow::SettingsWindow()
     : m_frame(m_settings.body())
@@ -13,10 +12,8 @@ SettingsWindow::SettingsWindow()
     setMaximumSize(m_frame->bounds().maximum);
     resize(m_frame->bounds().ideal);
 
-    auto *close = new QAction(this);
-    close->setShortcuts({QKeySequence::Close, Qt::Key_Escape});
-    connect(close, &QAction::triggered, this, &QWidget::close);
-    addAction(close);
+    onKeys(
+        {QKeySequence::Close, Qt::Key_Escape}, [this] { close(); }, this);
 }
 
 // The view goes before the fields that it shows.

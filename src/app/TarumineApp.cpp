@@ -6,6 +6,7 @@
 #include "app/SettingsWindow.h"
 #include "platform/ApplicationFolders.h"
 #include "platform/Process.h"
+#include "view/Modifiers.h"
 #include "view/Notice.h"
 #include "view/Unwinding.h"
 
@@ -61,8 +62,12 @@ void TarumineApp::forget(MainWindow *window)
 
 void TarumineApp::showSettings()
 {
-    if (!m_settings)
+    if (!m_settings) {
         m_settings = std::make_unique<SettingsWindow>();
+        onKeys(
+            {QKeySequence::New}, [this] { newWindow(); }, m_settings.get());
+        onKeys({quitKey()}, &QCoreApplication::quit, m_settings.get());
+    }
     m_settings->setWindowState(m_settings->windowState() & ~Qt::WindowMinimized);
     m_settings->show();
     m_settings->raise();

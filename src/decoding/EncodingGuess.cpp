@@ -84,7 +84,8 @@ public:
     }
 
     // Every other one on another thread. `word`: the name of one for which there is an argument more.
-    void considerAll(const std::vector<const Encoding *> &all, const QByteArray &sample, QByteArrayView word)
+    void considerAll(const std::vector<const Encoding *> &all, const QByteArray &sample,
+                     QByteArrayView word)
     {
         const auto from = [&](std::size_t first) {
             return [&, first] {

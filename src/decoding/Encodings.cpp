@@ -50,6 +50,14 @@ const std::vector<Encoding> &encodings()
     return all;
 }
 
+const Encoding *encodingNamed(QByteArrayView name)
+{
+    const auto &all = encodings();
+    const auto found = std::find_if(all.begin(), all.end(),
+                                    [name](const Encoding &encoding) { return name == encoding.name; });
+    return found == all.end() ? nullptr : &*found;
+}
+
 bool Encoding::isNamed(QByteArrayView called) const
 {
     return called.compare(name, Qt::CaseInsensitive) == 0

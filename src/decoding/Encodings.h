@@ -38,6 +38,9 @@ struct Encoding {
 /// All but UTF-8.
 const std::vector<Encoding> &encodings();
 
+/// The row of the table that ICU calls so; null where there is none.
+const Encoding *encodingNamed(QByteArrayView name);
+
 /// Whether a text may be cut before the byte, in an encoding that says so.
 inline bool isCut(char byte)
 {

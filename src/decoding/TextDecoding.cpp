@@ -3,6 +3,7 @@
 #include "decoding/EncodingGuess.h"
 #include "decoding/LargeText.h"
 #include "decoding/PlainUtf8.h"
+#include "decoding/Utf8.h"
 
 namespace {
 
@@ -36,16 +37,32 @@ std::optional<TextParts> decoded(QByteArrayView bytes)
     return saysUtf8 && !found.isValidUtf8 ? std::nullopt : decodedByGuess(bytes, found.isValidUtf8);
 }
 
+std::optional<TextParts> decodedAs(QByteArrayView bytes, QByteArrayView name)
+{
+    if (name == "UTF-8")
+        return isValidUtf8(bytes) ? std::optional(TextParts{QString::fromUtf8(bytes), {}}) : std::nullopt;
+    const Encoding *encoding = encodingNamed(name);
+    if (!encoding)
+        return std::nullopt;
+    const bool isMarked = !encoding->mark.isEmpty() && bytes.startsWith(encoding->mark);
+    return StrictConverter::decoded(isMarked ? bytes.sliced(encoding->mark.size()) : bytes, *encoding);
+}
+
 } // namespace
 
-std::optional<TextParts> decodedParts(QByteArrayView bytes)
+std::optional<TextParts> decodedParts(QByteArrayView bytes, QByteArrayView encoding)
 {
-    auto text = decoded(bytes);
+    auto text = encoding.isEmpty() ? decoded(bytes) : decodedAs(bytes, encoding);
     return text && text->size() <= LargeText::mostCharacters ? std::move(text) : std::nullopt;
+}
+
+std::optional<QString> decodedText(QByteArrayView bytes, QByteArrayView encoding)
+{
+    const auto parts = decodedParts(bytes, encoding);
+    return parts ? std::optional(parts->whole()) : std::nullopt;
 }
 
 std::optional<QString> decodedText(QByteArrayView bytes)
 {
-    const auto parts = decodedParts(bytes);
-    return parts ? std::optional(parts->whole()) : std::nullopt;
+    return decodedText(bytes, {});
 }

@@ -51,7 +51,7 @@ bool IncomingText::hasRoom() const
     return most <= LargeText::bytes || isThereRoomFor(roomInDocument(most));
 }
 
-std::optional<IncomingText> textOfFile(const QString &path)
+std::optional<IncomingText> textOfFile(const QString &path, const QByteArray &encoding)
 {
     const qint64 largest = std::min(LargeText::mostBytes, availableMemory() / 5);
     auto file = FileContent::of(path, largest, LargeText::bytes);
@@ -59,12 +59,16 @@ std::optional<IncomingText> textOfFile(const QString &path)
         return std::nullopt;
     const qsizetype bytes = file->bytes().size();
     if (bytes > LargeText::bytes) {
-        if (auto incoming = undecoded(*file))
-            return incoming;
+        if (encoding.isEmpty() || encoding == "UTF-8") {
+            if (auto incoming = undecoded(*file))
+                return incoming;
+        }
         if (!isThereRoomFor(roomToDecode(bytes, false)))
             return std::nullopt;
     }
-    auto text = isPlainUtf8(file->bytes()) ? QString::fromUtf8(file->bytes()) : textByWorker(*file);
+    const bool mayBeUtf8 = encoding.isEmpty() || encoding == "UTF-8";
+    auto text = mayBeUtf8 && isPlainUtf8(file->bytes()) ? QString::fromUtf8(file->bytes())
+                                                        : textByWorker(*file, encoding);
     file.reset();
     if (!text)
         return std::nullopt;

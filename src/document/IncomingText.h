@@ -24,5 +24,6 @@ struct IncomingText {
 };
 
 /// The text of an ordinary file, whole or not at all: nothing for what is no text, can't be read, or is
-/// larger than there is room for.
-std::optional<IncomingText> textOfFile(const QString &path);
+/// larger than there is room for. In an encoding that is named as for `decodedText`, or in the one that the
+/// bytes are found to be in.
+std::optional<IncomingText> textOfFile(const QString &path, const QByteArray &encoding = {});

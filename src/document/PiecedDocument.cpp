@@ -55,6 +55,7 @@ void PiecedDocument::startOver(const TextPieces::Shape &shape)
     clear();
     m_shape = shape;
     m_hasSeams = false;
+    m_formatOfSeams = m_formatOfLineEnds = noFormat;
 }
 
 void PiecedDocument::append(const TextPieces::Piece &piece)
@@ -89,6 +90,13 @@ void PiecedDocument::insert(QTextCursor cursor, const QString &text)
     for (TextPieces pieces(text, shape); !pieces.atEnd();)
         put(cursor, pieces.next());
     cursor.endEditBlock();
+    endStep();
+}
+
+// Qt joins no two edits across a state to which one might want to return: that of the saved text.
+void PiecedDocument::endStep()
+{
+    setModified(false);
 }
 
 // At a seam it takes the seam's place, lest an empty block be left.
@@ -103,9 +111,15 @@ void PiecedDocument::insertLineEnd(QTextCursor cursor)
     cursor.endEditBlock();
 }
 
+// Asked of very many blocks: those of one kind share a format, so its number tells.
 bool PiecedDocument::isSeamBefore(const QTextBlock &block) const
 {
-    return m_hasSeams && block.isValid() && block.position() > 0 && kindBefore(block) == End::Seam;
+    if (!m_hasSeams || !block.isValid())
+        return false;
+    const int format = block.charFormatIndex();
+    if (format != m_formatOfSeams && format != m_formatOfLineEnds)
+        (kindBefore(block) == End::Seam ? m_formatOfSeams : m_formatOfLineEnds) = format;
+    return format == m_formatOfSeams && block != begin();
 }
 
 int PiecedDocument::acrossSeamBackward(int position) const
@@ -188,6 +202,17 @@ int PiecedDocument::offsetOf(int position) const
 int PiecedDocument::positionOf(int offset) const
 {
     return m_hasSeams ? m_seams.positionBehind(offset) : std::clamp(offset, 0, characterCount() - 1);
+}
+
+TextStretch PiecedDocument::stretch(int from, int to) const
+{
+    std::vector<int> seams;
+    for (QTextBlock block = m_hasSeams ? findBlock(from).next() : QTextBlock();
+         block.isValid() && block.position() <= to; block = block.next()) {
+        if (isSeamBefore(block))
+            seams.push_back(block.position() - 1);
+    }
+    return {text(from, to), from, std::move(seams)};
 }
 
 QString PiecedDocument::text(int from, int to) const

@@ -2,6 +2,7 @@
 
 #include "document/SeamIndex.h"
 #include "document/TextPieces.h"
+#include "document/TextStretch.h"
 
 #include <QTextDocument>
 
@@ -24,10 +25,14 @@ public:
     /// Replaces what is selected; ends in one step of undoing.
     void insert(QTextCursor cursor, const QString &text);
     void insertLineEnd(QTextCursor cursor);
+    /// What is typed from now on isn't taken back together with what was typed before.
+    void endStep();
 
     /// What stands between two positions.
     QString text(int from, int to) const;
     QString text() const { return text(0, characterCount() - 1); }
+    /// The same, with where its characters are.
+    TextStretch stretch(int from, int to) const;
 
     /// Whether the block goes on with the line of the one before: between them there is no character.
     bool isSeamBefore(const QTextBlock &block) const;
@@ -55,5 +60,8 @@ private:
 
     TextPieces::Shape m_shape;
     bool m_hasSeams = false;
+    // Of the blocks behind them, as far as they were seen.
+    static constexpr int noFormat = -1;
+    mutable int m_formatOfSeams = noFormat, m_formatOfLineEnds = noFormat;
     mutable SeamIndex m_seams{*this};
 };

@@ -111,6 +111,7 @@ void ReadingText::noteEdit()
         forgetLater();
         updateSteps();
     }
+    emit edited();
 }
 
 void ReadingText::updateSteps()

@@ -49,6 +49,8 @@ signals:
     void returned();
     /// All of the text that is shown is in its document.
     void complete();
+    /// Somebody has changed the text that is shown, or taken a change back.
+    void edited();
 
 private:
     TextVersion &shown() { return *m_versions[m_shown]; }

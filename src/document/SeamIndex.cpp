@@ -21,12 +21,15 @@ SeamIndex::SeamIndex(const PiecedDocument &document)
 // Adds marks behind `from`, up to the block at `until`; returns the seams before that one, with its own.
 int SeamIndex::count(std::vector<Mark> &marks, Mark from, int until) const
 {
-    int seams = from.seams, blocks = 0;
-    for (auto block = m_document.findBlock(from.block).next(); block.isValid() && block.position() <= until;
-         block = block.next()) {
-        seams += m_document.isSeamBefore(block) ? 1 : 0;
-        if (++blocks % blocksPerMark == 0 && block.position() < until)
-            marks.push_back({block.position(), seams});
+    int seams = from.seams, blocks = 0, position = from.block;
+    for (auto block = m_document.findBlock(from.block); block.isValid(); block = block.next()) {
+        if (position > from.block)
+            seams += m_document.isSeamBefore(block) ? 1 : 0;
+        if (position > from.block && ++blocks % blocksPerMark == 0 && position < until)
+            marks.push_back({position, seams});
+        position += block.length(); // of the next one, which is quicker than to ask it
+        if (position > until)
+            break;
     }
     return seams;
 }

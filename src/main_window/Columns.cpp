@@ -1,12 +1,16 @@
 #include "main_window/Columns.h"
 
+#include <QEvent>
+
+#include <algorithm>
+
 namespace {
 
-// Proportions at the ideal width; the splitters keep them while the window is resized.
-const QList<int> sideAndDetail{315, 684};
+// Proportions; the splitters keep them while the window is resized.
 const QList<int> stackedSideAndDetail{1, 2};
-const QList<int> sidebarAndSelection{150, 165};
 const QList<int> sidebarAboveSelection{3, 2};
+constexpr int idealWidth = 999;
+constexpr int idealSelectionWidth = 13, leastSelectionWidth = 8; // in the width of a wide character
 
 QList<int> scaled(const QList<int> &proportions)
 {
@@ -21,6 +25,7 @@ QList<int> scaled(const QList<int> &proportions)
 Columns::Columns(QWidget *sidebar, QWidget *selectionPane, QWidget *detail)
     : m_side(new Split)
     , m_sidebar(sidebar)
+    , m_detail(detail)
 {
     m_side->addWidget(sidebar);
     m_side->addWidget(selectionPane);
@@ -49,6 +54,25 @@ void Columns::resizeEvent(QResizeEvent *event)
     QSplitter::resizeEvent(event);
 }
 
+void Columns::changeEvent(QEvent *event)
+{
+    Split::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+        arrange(m_arrangement);
+}
+
+// At the ideal width the sidebar shows its rows, the controls keep one line, and the selection pane has
+// what is left.
+QList<int> Columns::idealWidths() const
+{
+    const int sidebar = m_sidebar->sizeHint().width();
+    const int left = idealWidth - m_detail->sizeHint().width() - sidebar - 2 * handleWidth();
+    const int character = fontMetrics().horizontalAdvance(u'木');
+    const int selection =
+        std::clamp(left, leastSelectionWidth * character, idealSelectionWidth * character);
+    return {sidebar, selection, idealWidth - sidebar - selection - 2 * handleWidth()};
+}
+
 Columns::Arrangement Columns::arrangementFor(int width)
 {
     if (width >= 640)
@@ -62,6 +86,8 @@ void Columns::arrange(Arrangement arrangement)
     const bool sideBySide = arrangement == Arrangement::SideBySide;
     m_side->setVisible(arrangement != Arrangement::DetailOnly);
     m_side->setOrientation(sideBySide ? Qt::Horizontal : Qt::Vertical);
-    m_side->setSizes(scaled(sideBySide ? sidebarAndSelection : sidebarAboveSelection));
-    setSizes(scaled(sideBySide ? sideAndDetail : stackedSideAndDetail));
+    const QList<int> ideal = idealWidths();
+    const int side = ideal[0] + m_side->handleWidth() + ideal[1];
+    m_side->setSizes(scaled(sideBySide ? ideal.first(2) : sidebarAboveSelection));
+    setSizes(scaled(sideBySide ? QList{side, ideal[2]} : stackedSideAndDetail));
 }

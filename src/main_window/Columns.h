@@ -16,14 +16,17 @@ public:
 
 protected:
     void resizeEvent(QResizeEvent *event) override;
+    void changeEvent(QEvent *event) override;
 
 private:
     enum class Arrangement { SideBySide, Stacked, DetailOnly };
     static Arrangement arrangementFor(int width);
     void arrange(Arrangement arrangement);
+    QList<int> idealWidths() const;
 
     Split *m_side;
     QWidget *m_sidebar;
+    QWidget *m_detail;
     Arrangement m_arrangement = Arrangement::SideBySide;
     bool m_sidebarShown = true;
 };

@@ -1,6 +1,8 @@
 #include "main_window/ContentView.h"
 
 #include "main_window/Columns.h"
+#include "reading/EncodingMenu.h"
+#include "reading/FindBar.h"
 #include "reading/TextPane.h"
 
 #include <QCoreApplication>
@@ -15,6 +17,26 @@ struct Titles {
 };
 
 } // namespace
+
+void ContentView::fillFileMenu(QMenu &menu)
+{
+    const auto add = [this, &menu](const QString &title, QKeySequence::StandardKey key,
+                                   void (ContentView::*act)()) {
+        QAction *action = menu.addAction(title);
+        action->setShortcut(key);
+        QObject::connect(action, &QAction::triggered, m_columns, [this, act] { (this->*act)(); });
+    };
+    add(Titles::tr("読込(&O)"), QKeySequence::Open, &ContentView::openText);
+    add(Titles::tr("簡易PDF(&P)"), QKeySequence::Print, &ContentView::saveUntitled);
+}
+
+// Whether there is something to paste is asked when somebody looks: it is others who know, and they may
+// change it at any time. The key of the item works whatever it shows.
+static void followClipboard(QAction *paste, TextPane *pane, QMenu *menu)
+{
+    QObject::connect(menu, &QMenu::aboutToShow, paste, [=] { paste->setEnabled(pane->canPaste()); });
+    QObject::connect(menu, &QMenu::aboutToHide, paste, [=] { paste->setEnabled(true); });
+}
 
 // The text pane is the one text in the window, so it is what these items act on, also while a
 // button has the keyboard focus.
@@ -34,10 +56,16 @@ void ContentView::fillEditMenu(QMenu &menu)
     pane->addAction(menu.addSeparator());
     QAction *cut = add(Titles::tr("切り取り(&T)"), QKeySequence::Cut, &TextPane::cut);
     QAction *copy = add(Titles::tr("コピー(&C)"), QKeySequence::Copy, &TextPane::copy);
-    add(Titles::tr("貼り付け(&P)"), QKeySequence::Paste, &TextPane::paste);
+    QAction *paste = add(Titles::tr("貼り付け(&P)"), QKeySequence::Paste, &TextPane::paste);
     pane->addAction(menu.addSeparator());
     add(Titles::tr("すべてを選択(&A)"), QKeySequence::SelectAll, &TextPane::selectAll);
 
+    menu.addSeparator();
+    addFindItems(menu);
+
+    followClipboard(paste, pane, &menu);
+    QObject::connect(pane, &TextPane::menuMade, paste,
+                     [=](QMenu *own) { followClipboard(paste, pane, own); });
     for (QAction *action : {cut, copy})
         action->setEnabled(false);
     follow(
@@ -46,6 +74,20 @@ void ContentView::fillEditMenu(QMenu &menu)
         redo, [can = text.canRedo()] { return can.value(); }, [redo](bool can) { redo->setEnabled(can); });
     QObject::connect(pane, &TextPane::copyAvailable, cut, &QAction::setEnabled);
     QObject::connect(pane, &TextPane::copyAvailable, copy, &QAction::setEnabled);
+}
+
+void ContentView::addFindItems(QMenu &menu)
+{
+    const auto add = [this, &menu](const QString &title, const QList<QKeySequence> &keys,
+                                   void (FindBar::*act)()) {
+        QAction *action = menu.addAction(title);
+        action->setShortcuts(keys);
+        QObject::connect(action, &QAction::triggered, m_columns, [this, act] { (findBar().*act)(); });
+    };
+    add(Titles::tr("検索(&F)…"), {QKeySequence::Find}, &FindBar::open);
+    add(Titles::tr("次を検索(&N)"), {Qt::Key_F3, Qt::CTRL | Qt::Key_G}, &FindBar::findNext);
+    add(Titles::tr("前を検索(&V)"), {Qt::SHIFT | Qt::Key_F3, Qt::CTRL | Qt::SHIFT | Qt::Key_G},
+        &FindBar::findPrevious);
 }
 
 void ContentView::fillViewMenu(QMenu &menu)
@@ -62,15 +104,23 @@ void ContentView::fillViewMenu(QMenu &menu)
         QAction *action = menu.addAction(title);
         action->setShortcut(key);
         QObject::connect(action, &QAction::triggered, m_columns,
-                         [this, size = std::move(size)] { fontSize = FontSize::allowed(size()); });
+                         [this, size] { fontSize = FontSize::allowed(size()); });
         return action;
     };
-    const auto larger = [this] { return fontSize + FontSize::step; };
-    const auto smaller = [this] { return fontSize - FontSize::step; };
+    const auto step = [this, &add](const QString &title, double points, double last) {
+        QAction *action = add(title, {}, [this, points] { return fontSize + points; });
+        follow(
+            action, [this, last] { return fontSize.value() != last; },
+            [action](bool can) { action->setEnabled(can); });
+        return action;
+    };
     // The plus sign shares its key with another character on most keyboards; both do.
-    add(Titles::tr("文字を大きく(&L)"), {}, larger)
+    step(Titles::tr("文字を大きく(&L)"), FontSize::step, FontSize::largest)
         ->setShortcuts({QKeySequence(Qt::CTRL | Qt::Key_Plus), QKeySequence(Qt::CTRL | Qt::Key_Equal),
                         QKeySequence(Qt::CTRL | Qt::Key_Semicolon)});
-    add(Titles::tr("文字を小さく(&M)"), Qt::CTRL | Qt::Key_Minus, smaller);
+    step(Titles::tr("文字を小さく(&M)"), -FontSize::step, FontSize::smallest)
+        ->setShortcut(Qt::CTRL | Qt::Key_Minus);
     add(Titles::tr("標準の大きさ(&N)"), Qt::CTRL | Qt::Key_0, [] { return FontSize::initial; });
+    menu.addSeparator();
+    fillEncodingMenu(*menu.addMenu(Titles::tr("文字コード(&E)")), m_textLoading);
 }

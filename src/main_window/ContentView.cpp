@@ -7,9 +7,11 @@
 #include "play/EventToolbar.h"
 #include "play/Events.h"
 #include "play/JourneyBoard.h"
+#include "reading/FindBar.h"
 #include "reading/OpeningMessage.h"
 #include "reading/Patience.h"
 #include "reading/ReadingControls.h"
+#include "reading/SizeGestures.h"
 #include "reading/TextPane.h"
 #include "simulation/Simulation.h"
 #include "simulation/SimulationTask.h"
@@ -21,21 +23,17 @@
 #include "view/Notice.h"
 #include "view/Stacks.h"
 
+#include <QBoxLayout>
 #include <QCoreApplication>
 
 namespace {
 
 constexpr FrameBounds bounds{.minimum = {100, 100}, .ideal = {999, 350}, .maximum = {1199, 650}};
 
-// The text pane and the play area share what height the controls row leaves.
-constexpr int textPaneShare = 3;
-constexpr int playAreaShare = 2;
-
-QWidget *sharingHeight(int share, QWidget *widget)
+// The text pane has what height the others leave: they take what they ask for.
+QWidget *takingItsHeight(QWidget *widget)
 {
-    QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-    policy.setVerticalStretch(share);
-    widget->setSizePolicy(policy);
+    widget->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     return widget;
 }
 
@@ -71,12 +69,13 @@ QWidget *ContentView::detailColumn()
     const ReadingActions actions{
         .startSimulation = [this] { startSimulation(); },
         .openText = [this] { openText(); },
-        .savePdf = [this] { savePDF(QCoreApplication::translate("ContentView", "名称未設定")); },
+        .savePdf = [this] { saveUntitled(); },
         .launch = [this] { launchEdge(); },
     };
     QWidget *picker = BrowserPicker(browsers, selectedBrowser, m_browserChoice);
     QWidget *controls = ReadingControls(fontSize, actions, picker);
     m_textPane = new TextPane(text, fontSize);
+    stepSizeOver(m_textPane->viewport(), fontSize);
     waitWhileLoading();
     onAppear(
         [this] {
@@ -87,11 +86,31 @@ QWidget *ContentView::detailColumn()
     QWidget *column = VStack(
         {
             controls,
-            sharingHeight(textPaneShare, m_textPane),
-            sharingHeight(playAreaShare, playArea()),
+            m_textPane,
+            takingItsHeight(playArea()),
         },
         {.padded = true});
+    // Above and below there is room already: the group of the picker and the board bring their own.
+    const QMargins padding = column->layout()->contentsMargins();
+    column->layout()->setContentsMargins(padding.left(), padding.top() / 2, padding.right(),
+                                         padding.bottom() * 2 / 3);
     return onAppear([this] { readHost(); }, Scrollable(column));
+}
+
+// Made when it is first asked for; its place is below the pane, and the keyboard finds it there.
+FindBar &ContentView::findBar()
+{
+    if (m_findBar)
+        return *m_findBar;
+    m_findBar = new FindBar(*m_textPane);
+    auto *column = qobject_cast<QBoxLayout *>(m_textPane->parentWidget()->layout());
+    column->insertWidget(column->indexOf(m_textPane) + 1, m_findBar);
+    QWidget *before = m_textPane;
+    for (QWidget *part : m_findBar->findChildren<QWidget *>(Qt::FindDirectChildrenOnly)) {
+        QWidget::setTabOrder(before, part);
+        before = part;
+    }
+    return *m_findBar;
 }
 
 // What is typed meanwhile is meant for the text that comes.
@@ -104,6 +123,13 @@ void ContentView::waitWhileLoading()
     });
     QObject::connect(&m_textLoading, &TextLoading::ended, m_textPane,
                      [this] { m_textPane->patience().end(); });
+    QObject::connect(&m_textLoading, &TextLoading::unfit, m_textPane, [this] {
+        showNotice(QMessageBox::Information,
+                   QCoreApplication::translate("ContentView", "この文字コードでは読めません。"),
+                   QCoreApplication::translate("ContentView", "文章は、もとのままです。"),
+                   m_columns->window());
+    });
+    QObject::connect(m_textPane, &TextPane::filesGiven, &m_textLoading, &TextLoading::openFiles);
 }
 
 QWidget *ContentView::playArea()
@@ -137,6 +163,11 @@ void ContentView::savePDF(const QString &fileName)
                    QCoreApplication::translate("ContentView", "PDFを保存できません。"),
                    QCoreApplication::translate("ContentView", "メモリが足りません。"), m_columns->window());
     }
+}
+
+void ContentView::saveUntitled()
+{
+    savePDF(QCoreApplication::translate("ContentView", "名称未設定"));
 }
 
 void ContentView::launchEdge()

@@ -17,6 +17,7 @@
 #include <optional>
 
 class Columns;
+class FindBar;
 class Frame;
 class QMenu;
 class QToolBar;
@@ -49,13 +50,17 @@ public:
     void simulation();
 
     // The menu items that concern what is in this window.
+    void fillFileMenu(QMenu &menu);
     void fillEditMenu(QMenu &menu);
     void fillViewMenu(QMenu &menu);
 
 private:
     void startSimulation();
     void readHost();
+    void saveUntitled();
+    void addFindItems(QMenu &menu);
     QWidget *detailColumn();
+    FindBar &findBar();
     void waitWhileLoading();
     QWidget *playArea();
 
@@ -90,4 +95,5 @@ private:
 
     QPointer<Columns> m_columns;
     QPointer<TextPane> m_textPane;
+    QPointer<FindBar> m_findBar;
 };

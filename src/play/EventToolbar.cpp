@@ -5,6 +5,7 @@
 
 #include <QAction>
 #include <QCoreApplication>
+#include <QMenu>
 #include <QToolBar>
 #include <QToolButton>
 
@@ -12,6 +13,27 @@ namespace {
 
 struct Titles {
     Q_DECLARE_TR_FUNCTIONS(EventToolbar)
+};
+
+class EventBar : public QToolBar {
+public:
+    EventBar()
+        : QToolBar(Titles::tr("ツールバー"))
+    {
+        setAccessibleName(windowTitle());
+        setMovable(false);
+        setFloatable(false);
+        setContextMenuPolicy(Qt::PreventContextMenu); // it would offer to hide the toolbar for good
+    }
+
+protected:
+    // A menu of what has no room is untrue as soon as the room is another.
+    void resizeEvent(QResizeEvent *event) override
+    {
+        for (QMenu *menu : findChildren<QMenu *>())
+            menu->close();
+        QToolBar::resizeEvent(event);
+    }
 };
 
 QWidget *flexibleSpace()
@@ -25,10 +47,7 @@ QWidget *flexibleSpace()
 
 QToolBar *EventToolbar(const std::function<void(const Event &)> &pressed)
 {
-    auto *bar = new QToolBar(Titles::tr("ツールバー"));
-    bar->setAccessibleName(bar->windowTitle());
-    bar->setMovable(false);
-    bar->setFloatable(false);
+    auto *bar = new EventBar;
     for (const Event &event : events()) {
         QAction *action = bar->addAction(event.label);
         QObject::connect(action, &QAction::triggered, bar, [pressed, &event] { pressed(event); });

@@ -2,6 +2,7 @@
 
 #include "document/PiecedDocument.h"
 #include "reading/TextPane.h"
+#include "reading/WordBoundaries.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QAccessibleWidget>
@@ -158,9 +159,12 @@ private:
             const auto end = near.indexOf(u'\n', at);
             return {from + int(before + 1), from + int(end < 0 ? near.size() : end + 1)};
         }
-        QTextBoundaryFinder finder(type == QAccessible::CharBoundary       ? QTextBoundaryFinder::Grapheme
-                                       : type == QAccessible::WordBoundary ? QTextBoundaryFinder::Word
-                                                                           : QTextBoundaryFinder::Sentence,
+        if (type == QAccessible::WordBoundary) {
+            const auto word = WordBoundaries::around(near, at);
+            return {from + int(word.start), from + int(word.end)};
+        }
+        QTextBoundaryFinder finder(type == QAccessible::CharBoundary ? QTextBoundaryFinder::Grapheme
+                                                                     : QTextBoundaryFinder::Sentence,
                                    near);
         finder.setPosition(at);
         const auto start = finder.isAtBoundary() ? at : finder.toPreviousBoundary();

@@ -17,26 +17,20 @@ bool isAnyOf(const QKeyEvent &event, std::initializer_list<QKeySequence::Standar
 
 bool selects(const QKeyEvent &event)
 {
-    return isAnyOf(event,
-                   {QKeySequence::SelectPreviousChar, QKeySequence::SelectPreviousWord,
-                    QKeySequence::SelectNextChar, QKeySequence::SelectNextWord});
+    return isAnyOf(event, {QKeySequence::SelectPreviousChar, QKeySequence::SelectNextChar});
 }
 
 bool goesBackward(const QKeyEvent &event)
 {
     return event.key() == Qt::Key_Backspace
-        || isAnyOf(event,
-                   {QKeySequence::MoveToPreviousChar, QKeySequence::MoveToPreviousWord,
-                    QKeySequence::SelectPreviousChar, QKeySequence::SelectPreviousWord,
-                    QKeySequence::DeleteStartOfWord});
+        || isAnyOf(event, {QKeySequence::MoveToPreviousChar, QKeySequence::SelectPreviousChar});
 }
 
 bool goesForward(const QKeyEvent &event)
 {
     return isAnyOf(event,
-                   {QKeySequence::MoveToNextChar, QKeySequence::MoveToNextWord,
-                    QKeySequence::SelectNextChar, QKeySequence::SelectNextWord,
-                    QKeySequence::DeleteEndOfWord, QKeySequence::Delete, QKeySequence::DeleteEndOfLine});
+                   {QKeySequence::MoveToNextChar, QKeySequence::SelectNextChar, QKeySequence::Delete,
+                    QKeySequence::DeleteEndOfLine});
 }
 
 } // namespace

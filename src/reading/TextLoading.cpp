@@ -5,6 +5,8 @@
 #include "preferences/PreferenceKeys.h"
 #include "preferences/UserDefaults.h"
 
+#include <QFileInfo>
+
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -19,13 +21,22 @@ TextLoading::TextLoading(ReadingText &text, State<qint64> &sp1, State<qint64> &s
 {
 }
 
-void TextLoading::openText(QWidget *window)
+void TextLoading::readSettings()
 {
     m_sp1 = m_defaults.integer(Key::IntKeyToggle1);
     m_sp2 = m_defaults.integer(Key::IntKeyToggle2);
+}
 
+QString TextLoading::allowedType() const
+{
+    return m_sp1 == 0 ? u"txt"_s : u"rtf"_s;
+}
+
+void TextLoading::openText(QWidget *window)
+{
+    readSettings();
     OpenPanel *panel = m_newPanel(window);
-    panel->setAllowedFileTypes({m_sp1 == 0 ? u"txt"_s : u"rtf"_s});
+    panel->setAllowedFileTypes({allowedType()});
     panel->setAllowsMultipleSelection(false);
     panel->setCanChooseDirectories(false);
     panel->setCanChooseFiles(true);
@@ -35,6 +46,21 @@ void TextLoading::openText(QWidget *window)
         if (const auto url = panel->url())
             load(url->toLocalFile());
     });
+}
+
+// By their names alone: to look at a file could take long.
+void TextLoading::openFiles(const QList<QUrl> &files)
+{
+    readSettings();
+    const QString path = files.size() == 1 ? files.first().toLocalFile() : QString();
+    if (QFileInfo(path).suffix().compare(allowedType(), Qt::CaseInsensitive) == 0)
+        load(path);
+}
+
+void TextLoading::readAgain(const QByteArray &encoding)
+{
+    if (hasFile())
+        load(m_file, encoding);
 }
 
 void TextLoading::stop()
@@ -51,19 +77,31 @@ void TextLoading::end()
 
 // Reading and decoding happen elsewhere. Their result counts only if nothing was put into the pane
 // since, and no other file was picked.
-void TextLoading::load(const QString &path)
+void TextLoading::load(const QString &path, const QByteArray &encoding)
 {
     const int thisLoad = ++m_latestLoad;
     const int assignments = m_text.assignments();
     if (!std::exchange(m_isLoading, true))
         emit began();
-    const auto show = [this, thisLoad, assignments](const std::optional<IncomingText> &text) {
+    const auto take = [=, this](const std::optional<IncomingText> &text) {
         if (thisLoad != m_latestLoad)
             return;
-        if (text && assignments == m_text.assignments())
-            m_text.assign(*text);
+        if (assignments == m_text.assignments())
+            show(text, path, encoding);
         end();
     };
     inBackground(
-        this, [path] { return textOfFile(path); }, show, Workers::waiting());
+        this, [path, encoding] { return textOfFile(path, encoding); }, take, Workers::waiting());
+}
+
+void TextLoading::show(const std::optional<IncomingText> &text, const QString &path,
+                       const QByteArray &encoding)
+{
+    if (text && m_text.assign(*text)) {
+        m_file = path;
+        m_encoding = encoding;
+        emit loaded();
+    } else if (!text && !encoding.isEmpty()) {
+        emit unfit();
+    }
 }

@@ -7,6 +7,7 @@
 #include "reading/PaneAccessible.h"
 #include "reading/Patience.h"
 #include "reading/SeamStep.h"
+#include "reading/WordStep.h"
 #include "view/Notice.h"
 
 #include <QAccessible>
@@ -19,7 +20,21 @@
 #include <QTextBlock>
 #include <QTextLayout>
 
+#include <algorithm>
 #include <utility>
+
+namespace {
+
+// Nothing unless they are files, all of them: the address of a page is a text.
+QList<QUrl> filesIn(const QMimeData &source)
+{
+    const QList<QUrl> urls = source.hasUrls() ? source.urls() : QList<QUrl>();
+    return std::all_of(urls.begin(), urls.end(), [](const QUrl &url) { return url.isLocalFile(); })
+        ? urls
+        : QList<QUrl>();
+}
+
+} // namespace
 
 TextPane::TextPane(ReadingText &text, const State<double> &fontSize)
     : m_text(text)
@@ -106,14 +121,26 @@ QSize TextPane::sizeHint() const
 
 bool TextPane::canInsertFromMimeData(const QMimeData *source) const
 {
-    return source && source->hasText();
+    return source && (source->hasText() || !filesIn(*source).isEmpty());
 }
 
-// Only ever the plain text, whatever else the clipboard offers with it; nothing when there is none.
+// A file that is moved here is still where it was: it is read, and no more.
+void TextPane::dropEvent(QDropEvent *event)
+{
+    const bool bringsFiles = !filesIn(*event->mimeData()).isEmpty();
+    QPlainTextEdit::dropEvent(event);
+    if (bringsFiles)
+        event->setDropAction(Qt::CopyAction);
+}
+
+// Files are for others to load. Otherwise only ever the plain text, whatever else the clipboard offers with
+// it; nothing when there is none.
 void TextPane::insertFromMimeData(const QMimeData *source)
 {
     if (!canInsertFromMimeData(source))
         return;
+    if (const QList<QUrl> files = filesIn(*source); !files.isEmpty())
+        return emit filesGiven(files);
     try {
         const QString text = source->text();
         if (text.size() > LargeText::bytes)
@@ -149,6 +176,11 @@ void TextPane::cut()
 
 QMimeData *TextPane::createMimeDataFromSelection() const
 {
+    return selected();
+}
+
+QMimeData *TextPane::selected() const
+{
     auto *data = new QMimeData;
     data->setText(piecedDocument().text(textCursor().selectionStart(), textCursor().selectionEnd()));
     return data;
@@ -169,32 +201,62 @@ void TextPane::keyPressEvent(QKeyEvent *event)
         copy();
     } else if (event->matches(QKeySequence::Cut)) {
         cut();
+    } else if (QTextCursor cursor = textCursor(); stepByWord(piecedDocument(), cursor, *event)) {
+        setTextCursor(cursor);
     } else {
-        const QTextCursor from = acrossSeam(piecedDocument(), textCursor(), *event);
-        if (from.position() != textCursor().position())
-            setTextCursor(from);
-        QPlainTextEdit::keyPressEvent(event);
+        type(event);
     }
 }
 
-// A third click selects a block, and shows its end; what is meant is a line of the text.
+// What is typed in one go, at one place, is one step back.
+void TextPane::type(QKeyEvent *event)
+{
+    constexpr int pause = 2000; // milliseconds
+    if (textCursor().position() != m_typedTo || !m_sinceTyped.isValid() || m_sinceTyped.hasExpired(pause))
+        piecedDocument().endStep();
+    const QTextCursor from = acrossSeam(piecedDocument(), textCursor(), *event);
+    if (from.position() != textCursor().position())
+        setTextCursor(from);
+    const int revision = document()->revision();
+    QPlainTextEdit::keyPressEvent(event);
+    m_typedTo = document()->revision() == revision ? nowhere : textCursor().position();
+    m_sinceTyped.start();
+}
+
 void TextPane::mousePressEvent(QMouseEvent *event)
 {
-    const QTextCursor before = textCursor();
-    const int clicked = cursorForPosition(event->pos()).position();
-    const int scrolled = verticalScrollBar()->value();
-    QPlainTextEdit::mousePressEvent(event);
-    const QTextCursor now = textCursor();
-    const QTextBlock block = piecedDocument().findBlock(now.selectionStart());
-    const bool isBlock = now.hasSelection() && now.selectionStart() == block.position()
-        && now.selectionEnd() >= block.position() + block.length() - 1;
-    // One that was there before is about to be dragged or extended.
-    const bool isNew =
-        before.selectionStart() != now.selectionStart() || before.selectionEnd() != now.selectionEnd();
-    if (!isBlock || !isNew || (event->modifiers() & Qt::ShiftModifier))
-        return;
-    setTextCursor(piecedDocument().lineAround(clicked));
-    verticalScrollBar()->setValue(scrolled);
+    const bool extends = event->modifiers() & Qt::ShiftModifier;
+    if (event->button() == Qt::LeftButton && !extends && m_clicks.isThird(event->pos()))
+        m_clicks.thirdClick(event->pos());
+    else
+        QPlainTextEdit::mousePressEvent(event);
+}
+
+void TextPane::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    if (event->button() == Qt::LeftButton)
+        m_clicks.doubleClick(event->pos());
+    else
+        QPlainTextEdit::mouseDoubleClickEvent(event);
+}
+
+void TextPane::mouseMoveEvent(QMouseEvent *event)
+{
+    QPlainTextEdit::mouseMoveEvent(event);
+    m_clicks.drag(event->pos());
+}
+
+void TextPane::mouseReleaseEvent(QMouseEvent *event)
+{
+    QPlainTextEdit::mouseReleaseEvent(event);
+    m_clicks.release();
+}
+
+// It scrolls on while something is dragged beyond an edge.
+void TextPane::timerEvent(QTimerEvent *event)
+{
+    QPlainTextEdit::timerEvent(event);
+    m_clicks.drag(viewport()->mapFromGlobal(QCursor::pos()));
 }
 
 // The menu items that concern the text, which are the Edit menu's own.
@@ -205,6 +267,7 @@ void TextPane::contextMenuEvent(QContextMenuEvent *event)
     auto *menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
     menu->addActions(actions());
+    emit menuMade(menu);
     menu->popup(event->globalPos());
 }
 

@@ -1,10 +1,14 @@
 #pragma once
 
+#include "reading/ClickSelection.h"
 #include "view/State.h"
 
+#include <QElapsedTimer>
 #include <QPlainTextEdit>
+#include <QUrl>
 
 class Patience;
+class QMenu;
 class PiecedDocument;
 class ReadingText;
 
@@ -25,6 +29,9 @@ public:
     void copy();
     void cut();
 
+    /// What is selected, for whoever takes it.
+    QMimeData *selected() const;
+
     /// One step back or forward, in an edit or from text to text.
     void undo();
     void redo();
@@ -33,12 +40,23 @@ public:
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
 
+signals:
+    /// Files were dropped on the pane, or pasted.
+    void filesGiven(const QList<QUrl> &files);
+    /// Its own menu was made, and is about to be shown.
+    void menuMade(QMenu *menu);
+
 protected:
     QMimeData *createMimeDataFromSelection() const override;
     bool canInsertFromMimeData(const QMimeData *source) const override;
     void insertFromMimeData(const QMimeData *source) override;
     void keyPressEvent(QKeyEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void timerEvent(QTimerEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
     void scrollContentsBy(int dx, int dy) override;
     void resizeEvent(QResizeEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
@@ -53,10 +71,16 @@ private:
     void fitSeams();
 
     bool canCopy();
+    void type(QKeyEvent *event);
 
     ReadingText &m_text;
     Patience &m_patience;
+    ClickSelection m_clicks{*this};
     // What blocks are marked with whose seams were fitted for the present width and font.
     int m_fit = 0;
     bool m_isFitting = false;
+    // Where the latest stretch of typing ended, and when.
+    static constexpr int nowhere = -1;
+    int m_typedTo = nowhere;
+    QElapsedTimer m_sinceTyped;
 };

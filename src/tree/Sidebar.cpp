@@ -4,11 +4,16 @@
 #include "tree/NodeIcons.h"
 
 #include <QCoreApplication>
+#include <QHelpEvent>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QStandardItemModel>
+#include <QToolTip>
 #include <QTreeView>
+
+#include <algorithm>
+#include <limits>
 
 namespace {
 
@@ -28,6 +33,17 @@ public:
         setAccessibleName(tr("サイドバー"));
     }
 
+    /// As wide as the widest row, whether or not it is to be seen; at least as wide as those that always
+    /// are.
+    QSize sizeHint() const override
+    {
+        return {widestRow({}, 1, everyLevel), QTreeView::sizeHint().height()};
+    }
+    QSize minimumSizeHint() const override
+    {
+        return {widestRow({}, 1, 1), QTreeView::minimumSizeHint().height()};
+    }
+
 protected:
     void mousePressEvent(QMouseEvent *event) override
     {
@@ -40,8 +56,22 @@ protected:
     {
         if (event->key() == Qt::Key_Escape)
             clearSelection();
+        else if (event->key() == Qt::Key_Down && !selectionModel()->hasSelection())
+            setCurrentIndex(model()->index(0, 0));
         else
             QTreeView::keyPressEvent(event);
+    }
+
+    // What is cut short says itself in full.
+    bool viewportEvent(QEvent *event) override
+    {
+        if (event->type() != QEvent::ToolTip)
+            return QTreeView::viewportEvent(event);
+        const auto *help = static_cast<QHelpEvent *>(event);
+        const QModelIndex row = indexAt(help->pos());
+        const bool isCut = row.isValid() && sizeHintForIndex(row).width() > visualRect(row).width();
+        QToolTip::showText(help->globalPos(), isCut ? row.data().toString() : QString(), viewport());
+        return true;
     }
 
     // Names are Japanese, so what is typed to find one comes from an input method.
@@ -56,6 +86,29 @@ protected:
         if (!event->commitString().isEmpty())
             keyboardSearch(event->commitString());
         event->accept();
+    }
+
+private:
+    static constexpr int everyLevel = std::numeric_limits<int>::max();
+
+    // Measured without the icons, which are looked up when they are first drawn.
+    int widthOf(const QModelIndex &row, int level) const
+    {
+        const int margin = style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 1;
+        const int icon = style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, this);
+        const int text =
+            fontMetrics().horizontalAdvance(row.data().toString() + u' '); // which stands off the edge
+        return level * indentation() + icon + text + 4 * margin;
+    }
+
+    int widestRow(const QModelIndex &parent, int level, int lastLevel) const
+    {
+        int widest = 0;
+        for (int i = 0; level <= lastLevel && i < model()->rowCount(parent); ++i) {
+            const QModelIndex row = model()->index(i, 0, parent);
+            widest = std::max({widest, widthOf(row, level), widestRow(row, level + 1, lastLevel)});
+        }
+        return widest;
     }
 };
 

@@ -1,5 +1,7 @@
 #include "view/Alert.h"
 
+#include "view/Modifiers.h"
+
 #include <QApplication>
 #include <QMessageBox>
 #include <QPointer>
@@ -59,6 +61,7 @@ QMessageBox *newAlert(const QString &title, const AlertActions &act, State<bool>
     QPushButton *cancel = alert->addButton(Titles::tr("キャンセル"), QMessageBox::ActionRole);
     alert->setDefaultButton(ok);
     alert->setEscapeButton(cancel);
+    onKeys({quitKey()}, &QCoreApplication::quit, alert);
     QObject::connect(alert, &QDialog::finished, alert, [alert, ok, act, &showAlert] {
         if (alert->isAnswered())
             (alert->clickedButton() == ok ? act.ok : act.cancel)();

@@ -57,6 +57,21 @@ void outlineWhereDark(QWidget *control)
     control->setPalette(palette);
 }
 
+// As wide as its title needs; a style's least width would cost a row of them the room that it has.
+class CompactButton : public QPushButton {
+public:
+    using QPushButton::QPushButton;
+
+    QSize sizeHint() const override
+    {
+        constexpr int padding = 24;
+        const QSize styles = QPushButton::sizeHint();
+        return {std::min(styles.width(), fontMetrics().horizontalAdvance(text()) + padding),
+                styles.height()};
+    }
+    QSize minimumSizeHint() const override { return sizeHint(); }
+};
+
 // The rows of a pop-up list; a row that has no room says itself in its tool tip.
 class PickerRows : public QStringListModel {
 public:
@@ -171,7 +186,7 @@ QWidget *Text(std::function<QString()> text)
 
 QWidget *Button(const QString &title, std::function<void()> action)
 {
-    auto *button = new QPushButton(verbatim(title));
+    auto *button = new CompactButton(verbatim(title));
     button->setAccessibleName(title);
     QObject::connect(button, &QPushButton::clicked, button, std::move(action));
     return button;
@@ -231,5 +246,5 @@ QWidget *Picker(const QString &title, Binding<QString> selection, std::function<
     QFont titleFont = heading->font();
     titleFont.setPointSizeF(titleFont.pointSizeF() * 17 / 13); // a second-level title beside body text
     heading->setFont(titleFont);
-    return VStack({heading, list}, {.spacing = 4});
+    return VStack({heading, list}, {.spacing = 2});
 }

@@ -7,6 +7,7 @@ Frame::Frame(QWidget *content, const FrameBounds &bounds)
     , m_bounds(bounds)
 {
     setMinimumSize(bounds.minimum);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     content->setParent(this);
 }
 

@@ -1,5 +1,6 @@
 #include "view/Modifiers.h"
 
+#include <QAction>
 #include <QEvent>
 #include <QLabel>
 #include <QTimer>
@@ -84,6 +85,15 @@ QWidget *onAppear(std::function<void()> action, QWidget *widget)
 void afterFirstPaint(std::function<void()> action, QWidget *widget)
 {
     new FirstPaint(widget, std::move(action));
+}
+
+QWidget *onKeys(const QList<QKeySequence> &keys, std::function<void()> action, QWidget *widget)
+{
+    auto *shortcut = new QAction(widget);
+    shortcut->setShortcuts(keys);
+    QObject::connect(shortcut, &QAction::triggered, widget, std::move(action));
+    widget->addAction(shortcut);
+    return widget;
 }
 
 void markOverflow(QToolButton *button, const QString &title)

@@ -2,6 +2,8 @@
 
 #include "view/State.h"
 
+#include <QKeySequence>
+#include <QList>
 #include <QString>
 
 #include <functional>
@@ -21,6 +23,15 @@ QWidget *onAppear(std::function<void()> action, QWidget *widget);
 /// Runs `action` once, when the window that holds the widget has been painted: for what the first
 /// picture of a window shall not wait for.
 void afterFirstPaint(std::function<void()> action, QWidget *widget);
+
+/// Ends the application wherever the keyboard is, also where a window waits for a dialog.
+inline QKeySequence quitKey()
+{
+    return Qt::CTRL | Qt::Key_Q;
+}
+
+/// Runs `action` when any of the keys is pressed in the window of the widget.
+QWidget *onKeys(const QList<QKeySequence> &keys, std::function<void()> action, QWidget *widget);
 
 /// Marks the button behind which a bar keeps what it has no room for with a sign in the colour of the
 /// text; Qt's own picture is dark also where the bar is. `title` is its accessible name.

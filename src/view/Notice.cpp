@@ -1,5 +1,8 @@
 #include "view/Notice.h"
 
+#include "view/Modifiers.h"
+
+#include <QCoreApplication>
 #include <QLabel>
 
 QMessageBox *showNotice(QMessageBox::Icon kind, const QString &what, const QString &why, QWidget *window)
@@ -12,6 +15,7 @@ QMessageBox *showNotice(QMessageBox::Icon kind, const QString &what, const QStri
         label->setTextFormat(Qt::PlainText);
     notice->setAttribute(Qt::WA_DeleteOnClose);
     notice->setWindowModality(Qt::WindowModal);
+    onKeys({quitKey()}, &QCoreApplication::quit, notice);
     notice->open();
     return notice;
 }

@@ -21,6 +21,12 @@ QWidget *filled(QLayout *layout, std::initializer_list<QWidget *> children, cons
     return stack;
 }
 
+// Asks for what its content would like; Qt's own asks for less.
+class ScrollArea : public QScrollArea {
+public:
+    QSize sizeHint() const override { return widget()->sizeHint(); }
+};
+
 } // namespace
 
 QWidget *HStack(std::initializer_list<QWidget *> children, StackOptions options)
@@ -35,7 +41,7 @@ QWidget *VStack(std::initializer_list<QWidget *> children, StackOptions options)
 
 QWidget *Scrollable(QWidget *content)
 {
-    auto *area = new QScrollArea;
+    auto *area = new ScrollArea;
     area->setWidget(content);
     area->setWidgetResizable(true);
     area->setFrameShape(QFrame::NoFrame);

@@ -61,12 +61,13 @@ void show(const Report &report, PdfProgress &progress)
 
 } // namespace
 
-std::optional<QString> textByWorker(const FileContent &file)
+std::optional<QString> textByWorker(const FileContent &file, const QByteArray &encoding)
 {
     const auto bytes = std::size_t(file.bytes().size());
     const bool isPicked = file.descriptor() >= 0;
     Errand errand{.order = newOrder(Job::Decode, bytes), .picked = file.descriptor()};
     errand.order.decode = {.bytes = bytes, .characters = bytes, .isPicked = isPicked};
+    encoding.toStdString().copy(errand.order.decode.encoding, sizeof errand.order.decode.encoding - 1);
     if (!isPicked)
         errand.behind = {view(file.bytes())};
     SharedMemory text(bytes * sizeof(char16_t));

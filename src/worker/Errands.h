@@ -13,7 +13,7 @@
 
 /// The text of a file that isn't plain UTF-8, as `decodedText` finds it.
 class FileContent;
-std::optional<QString> textByWorker(const FileContent &file);
+std::optional<QString> textByWorker(const FileContent &file, const QByteArray &encoding = {});
 
 /// `writeTextPdf`, but for the output, which is called here; 0 for `settings.hasRoom`.
 PdfResult pdfByWorker(std::u16string_view text, const PdfSettings &settings, const PdfOutput &output,

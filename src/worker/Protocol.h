@@ -28,6 +28,7 @@ struct DecodeOrder {
     std::uint64_t bytes;      ///< of the file, and behind the order where none is handed over
     std::uint64_t characters; ///< for so many, of UTF-16, there is room
     std::uint32_t isPicked;   ///< 1: the bytes are those of the PickedFile
+    char encoding[32];        ///< that somebody has told, ended by a zero; else empty
 };
 
 /// Behind it: the ranges of pages, the text in UTF-16, the family and the title in UTF-8.

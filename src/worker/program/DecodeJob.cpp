@@ -2,6 +2,7 @@
 #include "platform/linux/SharedMemory.h"
 #include "worker/program/Job.h"
 
+#include <cstring>
 #include <optional>
 
 using namespace Protocol;
@@ -16,12 +17,14 @@ std::vector<std::string> prepare()
 std::optional<TextParts> decoded(const Handed &handed)
 {
     const DecodeOrder &order = handed.order.decode;
+    const QByteArrayView encoding(order.encoding,
+                                  qsizetype(::strnlen(order.encoding, sizeof order.encoding)));
     if (order.isPicked == 0)
         return order.bytes == handed.behind.size()
-            ? decodedParts({handed.behind.data(), qsizetype(handed.behind.size())})
+            ? decodedParts({handed.behind.data(), qsizetype(handed.behind.size())}, encoding)
             : std::nullopt;
     const Mapped file(PickedFile, order.bytes, Mapped::For::Reading);
-    return file.data() ? decodedParts({file.data(), qsizetype(order.bytes)}) : std::nullopt;
+    return file.data() ? decodedParts({file.data(), qsizetype(order.bytes)}, encoding) : std::nullopt;
 }
 
 std::string_view bytesOf(const QString &text)
