@@ -97,7 +97,7 @@ private:
     std::jthread m_thread;
 };
 
-PdfSettings settings(const PaperOrder &order)
+PdfSettings settings(const PaperOrder &order, std::uint64_t most)
 {
     PdfSettings settings;
     settings.format = {order.width, order.height, order.top,        order.bottom,
@@ -107,8 +107,8 @@ PdfSettings settings(const PaperOrder &order)
     settings.collated = order.collated != 0;
     settings.lastFirst = order.lastFirst != 0;
     settings.grey = order.grey != 0;
-    settings.hasRoom = [](std::size_t bytes) {
-        void *tried = std::malloc(bytes);
+    settings.hasRoom = [most](std::size_t bytes) {
+        void *tried = bytes < most ? std::malloc(bytes) : nullptr;
         std::free(tried);
         return tried || bytes == 0;
     };
@@ -119,7 +119,7 @@ Report::Result write(const Handed &handed, DocumentPipe &document)
 {
     const PaperOrder &order = handed.order.paper;
     Parts parts(handed.behind);
-    PdfSettings chosen = settings(order);
+    PdfSettings chosen = settings(order, handed.order.memory);
     const auto ranges = parts.next<PageRange>(order.ranges);
     chosen.ranges.assign(ranges.begin(), ranges.end());
     const auto text = parts.next<char16_t>(order.characters);
