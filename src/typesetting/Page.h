@@ -32,3 +32,6 @@ struct Page {
     std::vector<Glyph> glyphs;
     std::vector<Saying> sayings; // in the order of their glyphs, each within a line
 };
+
+/// One of its lines, as a page of its own.
+Page onlyLine(const Page &page, std::size_t line);
