@@ -35,10 +35,10 @@ CompressedPages::~CompressedPages()
 void CompressedPages::add(Page &&page)
 {
     std::unique_lock lock(m_mutex);
-    m_changed.wait(lock,
-                   [this] { return m_jobs.size() < mostUnderWay || m_jobs.front().isDone || m_failure; });
+    m_done.wait(lock,
+                [this] { return m_jobs.size() < mostUnderWay || m_jobs.front().isDone || m_failure; });
     m_jobs.push_back({.page = std::move(page)});
-    m_changed.notify_all();
+    m_added.notify_one();
     handOver(lock);
 }
 
@@ -60,7 +60,7 @@ void CompressedPages::work()
 {
     std::unique_lock lock(m_mutex);
     while (true) {
-        m_changed.wait(lock, [this] { return m_begun < m_jobs.size() || m_ending; });
+        m_added.wait(lock, [this] { return m_begun < m_jobs.size() || m_ending; });
         if (m_begun == m_jobs.size())
             return;
         Job &job = m_jobs[m_begun++];
@@ -77,7 +77,7 @@ void CompressedPages::work()
         job.isDone = true;
         if (failure)
             m_failure = failure;
-        m_changed.notify_all();
+        m_done.notify_one();
     }
 }
 
@@ -86,7 +86,7 @@ void CompressedPages::end()
     {
         const std::lock_guard lock(m_mutex);
         m_ending = true;
-        m_changed.notify_all();
+        m_added.notify_all();
     }
     for (std::thread &thread : m_threads)
         thread.join();

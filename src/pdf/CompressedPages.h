@@ -46,7 +46,8 @@ private:
 
     Sink m_sink;
     std::mutex m_mutex;
-    std::condition_variable m_changed;
+    std::condition_variable m_added;
+    std::condition_variable m_done;
     std::deque<Job> m_jobs;
     std::size_t m_begun = 0; // of these
     std::exception_ptr m_failure;

@@ -110,3 +110,12 @@ Millipoints FontFile::advance(hb_codepoint_t glyph) const
 {
     return hb_font_get_glyph_h_advance(font(), glyph);
 }
+
+FontFile::Ink FontFile::ink(hb_codepoint_t glyph) const
+{
+    const auto [known, isNew] = m_inks.try_emplace(glyph);
+    hb_glyph_extents_t box{};
+    if (isNew && hb_font_get_glyph_extents(font(), glyph, &box))
+        known->second = {box.y_bearing, box.y_bearing + box.height};
+    return known->second;
+}

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <unordered_map>
 
 /// Lengths in text are whole thousandths of a point.
 using Millipoints = std::int32_t;
@@ -42,6 +43,13 @@ public:
 
     Millipoints advance(hb_codepoint_t glyph) const;
 
+    /// From where to where a glyph draws, above the baseline; the bottom one is negative below it.
+    struct Ink {
+        Millipoints top = 0;
+        Millipoints bottom = 0;
+    };
+    Ink ink(hb_codepoint_t glyph) const;
+
     Millipoints ascent() const { return m_ascent; }   // above the baseline
     Millipoints descent() const { return m_descent; } // below it, a positive length
     Millipoints lineGap() const { return m_lineGap; }
@@ -56,6 +64,7 @@ private:
     HarfBuzz<hb_font_t> m_font;
     std::unique_ptr<CharacterKeys> m_characterKeys; // where glyphs are known by them
     Glyphs m_glyphs;
+    mutable std::unordered_map<hb_codepoint_t, Ink> m_inks; // which take their time
     Millipoints m_ascent = 0;
     Millipoints m_descent = 0;
     Millipoints m_lineGap = 0;

@@ -34,7 +34,6 @@ void grow(Extent &extent, const Extent &ink, const Extent &line)
 
 Extent inkOf(const FontFile &font, hb_codepoint_t glyph, Millipoints up)
 {
-    hb_glyph_extents_t box{};
-    hb_font_get_glyph_extents(font.font(), glyph, &box);
-    return {box.y_bearing + up, -(box.y_bearing + box.height + up)};
+    const auto [top, bottom] = font.ink(glyph);
+    return {top + up, -(bottom + up)};
 }
