@@ -5,6 +5,7 @@
 #include "pdf/PageTree.h"
 #include "pdf/PdfDescription.h"
 #include "pdf/PdfObjects.h"
+#include "typesetting/FontSituation.h"
 #include "typesetting/Typesetter.h"
 
 #include <algorithm>
@@ -15,6 +16,7 @@
 namespace {
 
 struct Cancelled { };
+struct NoFonts { };
 
 // One thread sets the pages; these turn them into streams beside it.
 int threadsBeside()
@@ -104,8 +106,8 @@ void write(std::u16string_view text, const PdfSettings &settings, const PdfOutpu
            PdfProgress &progress)
 {
     FontList fonts(settings.fontFamily);
-    if (!fonts.first())
-        throw std::runtime_error("there is no font");
+    if (!fontsSuffice(fonts, text))
+        throw NoFonts();
     PdfFile file(
         [&](const char *bytes, std::size_t count) { return !progress.cancelled && output(bytes, count); });
     DocumentFonts codes;
@@ -114,8 +116,12 @@ void write(std::u16string_view text, const PdfSettings &settings, const PdfOutpu
     QPDF document;
     document.emptyPDF();
     PdfObjects objects(file);
+    const auto look = [&] {
+        if (progress.cancelled)
+            throw Cancelled();
+    };
     const std::string resources =
-        "<</Font " + objects.written(fontResources(document, codes, settings.grey)) + ">>";
+        "<</Font " + objects.written(fontResources(document, codes, settings.grey, look)) + ">>";
     const PageTree pages = writePages(file, repeated(made, settings), resources, settings.format);
     finishPdf(file, pages.root, settings.title);
 }
@@ -130,6 +136,8 @@ PdfResult writeTextPdf(std::u16string_view text, const PdfSettings &settings, co
         return PdfResult::Written;
     } catch (const Cancelled &) {
         return PdfResult::Cancelled;
+    } catch (const NoFonts &) {
+        return PdfResult::NoFonts;
     } catch (const std::bad_alloc &) {
         return progress.cancelled ? PdfResult::Cancelled : PdfResult::NoMemory;
     } catch (const std::exception &) {

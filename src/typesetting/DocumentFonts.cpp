@@ -4,7 +4,7 @@
 
 GlyphCode DocumentFonts::code(const FontFile &file, hb_codepoint_t glyph, std::u16string_view text)
 {
-    const bool drawn = file.glyphs() == FontFile::Glyphs::Pictures || glyph == missing || glyph == nothing;
+    const bool drawn = file.isDrawn() || glyph == missing || glyph == nothing;
     GlyphCode code = drawn ? drawnCode(file, glyph, text) : outlineCode(file, glyph, text);
     code.isMute = text.empty();
     return code;

@@ -7,7 +7,7 @@
 namespace {
 
 constexpr Millipoints tabStop = 4 * Millipoints(textSize) * 1000; // four squares
-constexpr std::size_t mostCellsOfLine = 8192;                     // where nothing has a width
+constexpr std::size_t mostCellsOfLine = 2048;                     // where nothing has a width
 constexpr char16_t softHyphen = u'\u00ad';
 
 } // namespace

@@ -83,7 +83,7 @@ bool make(const std::filesystem::path &source, const std::filesystem::path &out)
     });
     PdfObjects objects(pdf);
     QPDFObjectHandle resources = QPDFObjectHandle::newDictionary();
-    resources.replaceKey("/Font", fontResources(document, codes, false));
+    resources.replaceKey("/Font", fontResources(document, codes, false, [] {}));
     resources.replaceKey("/XObject", manual.images());
     const PageTree tree = writePages(pdf, writtenContents(pdf, manual.contents()),
                                      objects.written(resources), manual.format());
