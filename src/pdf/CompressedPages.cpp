@@ -29,6 +29,11 @@ CompressedPages::CompressedPages(int threads, Sink sink)
 
 CompressedPages::~CompressedPages()
 {
+    {
+        const std::lock_guard lock(m_mutex);
+        while (m_jobs.size() > m_begun) // nobody wants them now
+            m_jobs.pop_back();
+    }
     end();
 }
 

@@ -77,7 +77,8 @@ std::vector<int> contents(std::u16string_view text, const PdfSettings &settings,
         progress.share = text.empty() ? 1.0 : double(done) / double(text.size());
         return !progress.cancelled && number != settings.lastPage;
     };
-    Typesetter(fonts, codes, settings.format, take).set(text);
+    const auto goesOn = [&] { return !progress.cancelled; };
+    Typesetter(fonts, codes, settings.format, take, goesOn).set(text);
     if (progress.cancelled)
         throw Cancelled();
     made.finish();
@@ -87,12 +88,12 @@ std::vector<int> contents(std::u16string_view text, const PdfSettings &settings,
 // As often, and in the order, in which they are wanted.
 std::vector<int> repeated(std::vector<int> pages, const PdfSettings &settings)
 {
-    constexpr std::size_t bytesOfPage = 16; // in a document that is being made
+    constexpr std::size_t bytesOfPage = 100; // in a document that is being made
     const std::size_t all = pages.size() * std::size_t(settings.copies);
-    if (all > PdfFile::mostObjects)
-        throw std::length_error("a document has no room for so many pages");
     if (settings.hasRoom && !settings.hasRoom(all * bytesOfPage))
         throw std::bad_alloc();
+    if (all > PdfFile::mostObjects)
+        throw std::length_error("a document has no room for so many pages");
     if (settings.lastFirst)
         std::reverse(pages.begin(), pages.end());
     std::vector<int> wanted;

@@ -322,7 +322,7 @@ void Shaper::readGlyphs(std::u16string_view text, unsigned leftmost, bool rightT
 
 std::pair<Glyph, Millipoints> Shaper::hyphen(const FontFile &font)
 {
-    for (const char32_t c : {U'\u2010', U'-'}) {
+    for (const char32_t c : {U'-', U'\u2010'}) {
         hb_codepoint_t glyph = 0;
         if (hb_font_get_nominal_glyph(font.font(), c, &glyph))
             return {{m_codes.code(font, glyph, u"\u00ad")}, font.advance(glyph)};

@@ -8,16 +8,19 @@ namespace {
 
 constexpr Millipoints tabStop = 4 * Millipoints(textSize) * 1000; // four squares
 constexpr std::size_t mostCellsOfLine = 2048;                     // where nothing has a width
+constexpr std::size_t mostUnitsOfLine = 16384;
 constexpr char16_t softHyphen = u'\u00ad';
 
 } // namespace
 
-Typesetter::Typesetter(FontList &fonts, DocumentFonts &codes, const PageFormat &format, Sink sink)
+Typesetter::Typesetter(FontList &fonts, DocumentFonts &codes, const PageFormat &format, Sink sink,
+                       std::function<bool()> goesOn)
     : m_codes(codes)
     , m_line(lineExtent(fonts))
     , m_shaper(fonts, codes, roomForInk(m_line))
     , m_format(format)
     , m_sink(std::move(sink))
+    , m_goesOn(std::move(goesOn))
     , m_lineWidth(Millipoints(format.lineWidth() * 1000))
     , m_textHeight(Millipoints(format.textHeight() * 1000))
 {
@@ -49,7 +52,7 @@ bool Typesetter::setParagraph(const Paragraph &paragraph)
     if (paragraph.text.empty())
         return paragraph.endsPage || placeLine(0);
     while (m_lineStart < paragraph.text.size()) {
-        if (!fillLine(paragraph))
+        if ((m_goesOn && !m_goesOn()) || !fillLine(paragraph))
             return false;
         m_done = begin + m_lineStart;
     }
@@ -79,7 +82,8 @@ bool Typesetter::fillLine(const Paragraph &paragraph)
             measureTab(next, m_pending.glyphs[glyph], x);
         const Millipoints end = x + next.advance - (next.spacing == Spacing::Closing ? halfSquare : 0);
         const bool tooWide = next.kind != CharacterKind::Blank && end > m_lineWidth && next.advance > 0;
-        if ((tooWide && cell > m_first) || cell - m_first == mostCellsOfLine)
+        const bool tooMuch = cell - m_first == mostCellsOfLine || at - m_lineStart > mostUnitsOfLine;
+        if ((tooWide && cell > m_first) || tooMuch)
             return placeLine(breakBefore(cell, at) - m_first);
         x += next.advance;
         glyph += next.glyphs;

@@ -15,10 +15,11 @@ public:
     /// the work.
     using Sink = std::function<bool(Page &&page, std::size_t done)>;
 
-    /// `fonts` must have a first one.
-    Typesetter(FontList &fonts, DocumentFonts &codes, const PageFormat &format, Sink sink);
+    /// `fonts` must have a first one. `goesOn` is asked before each line; empty: it does.
+    Typesetter(FontList &fonts, DocumentFonts &codes, const PageFormat &format, Sink sink,
+               std::function<bool()> goesOn = {});
 
-    /// An empty text makes an empty page. False when the sink has ended it.
+    /// An empty text makes an empty page. False when it was ended.
     bool set(std::u16string_view text);
 
 private:
@@ -52,6 +53,7 @@ private:
     Directions m_directions;
     PageFormat m_format;
     Sink m_sink;
+    std::function<bool()> m_goesOn;
     Millipoints m_lineWidth;
     Millipoints m_textHeight;
 
