@@ -3,13 +3,25 @@
 #include "pdf/Deflate.h"
 #include "pdf/DrawingOperators.h"
 
+#include <utility>
+
 namespace {
 
-constexpr std::size_t mostWaiting = 64; // pages
+constexpr std::size_t mostUnderWay = 64;    // pages
+constexpr std::size_t worthDeflating = 200; // bytes
+
+PageContent contentOf(const Page &page)
+{
+    std::string operators = drawingOperators(page);
+    if (operators.size() < worthDeflating)
+        return {std::move(operators), false};
+    return {deflated(operators), true};
+}
 
 } // namespace
 
-CompressedPages::CompressedPages(int threads)
+CompressedPages::CompressedPages(int threads, Sink sink)
+    : m_sink(std::move(sink))
 {
     for (int i = 0; i < threads; ++i)
         m_threads.emplace_back([this] { work(); });
@@ -17,40 +29,60 @@ CompressedPages::CompressedPages(int threads)
 
 CompressedPages::~CompressedPages()
 {
+    {
+        const std::lock_guard lock(m_mutex);
+        while (m_jobs.size() > m_begun) // nobody wants them now
+            m_jobs.pop_back();
+    }
     end();
 }
 
 void CompressedPages::add(Page &&page)
 {
     std::unique_lock lock(m_mutex);
-    m_changed.wait(lock, [this] { return m_waiting.size() < mostWaiting || m_failure; });
-    m_waiting.emplace_back(m_streams.size(), std::move(page));
-    m_streams.emplace_back();
-    m_changed.notify_all();
+    m_done.wait(lock,
+                [this] { return m_jobs.size() < mostUnderWay || m_jobs.front().isDone || m_failure; });
+    m_jobs.push_back({.page = std::move(page)});
+    m_added.notify_one();
+    handOver(lock);
+}
+
+void CompressedPages::handOver(std::unique_lock<std::mutex> &lock)
+{
+    if (m_failure)
+        std::rethrow_exception(m_failure);
+    while (!m_jobs.empty() && m_jobs.front().isDone) {
+        PageContent content = std::move(m_jobs.front().content);
+        m_jobs.pop_front();
+        --m_begun;
+        lock.unlock();
+        m_sink(std::move(content));
+        lock.lock();
+    }
 }
 
 void CompressedPages::work()
 {
     std::unique_lock lock(m_mutex);
     while (true) {
-        m_changed.wait(lock, [this] { return !m_waiting.empty() || m_ending; });
-        if (m_waiting.empty())
+        m_added.wait(lock, [this] { return m_begun < m_jobs.size() || m_ending; });
+        if (m_begun == m_jobs.size())
             return;
-        const auto [number, page] = std::move(m_waiting.front());
-        m_waiting.pop_front();
-        m_changed.notify_all();
+        Job &job = m_jobs[m_begun++];
         lock.unlock();
-        std::string stream;
+        PageContent content;
         std::exception_ptr failure;
         try {
-            stream = deflated(drawingOperators(page));
+            content = contentOf(std::exchange(job.page, {}));
         } catch (...) {
             failure = std::current_exception();
         }
         lock.lock();
-        m_streams[number] = std::move(stream);
+        job.content = std::move(content);
+        job.isDone = true;
         if (failure)
             m_failure = failure;
+        m_done.notify_one();
     }
 }
 
@@ -59,17 +91,16 @@ void CompressedPages::end()
     {
         const std::lock_guard lock(m_mutex);
         m_ending = true;
-        m_changed.notify_all();
+        m_added.notify_all();
     }
     for (std::thread &thread : m_threads)
         thread.join();
     m_threads.clear();
 }
 
-std::vector<std::string> CompressedPages::finished()
+void CompressedPages::finish()
 {
     end();
-    if (m_failure)
-        std::rethrow_exception(m_failure);
-    return std::move(m_streams);
+    std::unique_lock lock(m_mutex);
+    handOver(lock);
 }

@@ -7,7 +7,7 @@
 
 std::string deflated(std::string_view bytes)
 {
-    constexpr int level = 6;
+    constexpr int level = 4;
     struct Free {
         void operator()(libdeflate_compressor *compressor) const { libdeflate_free_compressor(compressor); }
     };

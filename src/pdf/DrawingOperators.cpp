@@ -23,33 +23,50 @@ void appendNumber(std::string &to, double value)
 
 class Content {
 public:
-    explicit Content(std::size_t glyphs) { m_text.reserve(64 + glyphs * 3); }
+    explicit Content(const Page &page)
+        : m_glyphs(page.glyphs)
+        , m_sayings(page.sayings)
+    {
+        m_text.reserve(64 + page.glyphs.size() * 3);
+    }
 
-    void add(const Line &line, const Glyph *glyphs);
+    void add(const Line &line);
     std::string finished();
 
 private:
-    void add(const Glyph &glyph);
+    void addGlyph();
+    void beginSaying();
+    void endSaying();
     void setFont(const Glyph &glyph);
     void setRise(Millipoints up);
     void setMute(bool mute);
+    void setSpacing(Millipoints spacing);
     void move(Millipoints right);
+    bool goesOnLike(Millipoints after) const;
     void appendByte(unsigned char byte);
     void openString();
     void closeString();
     void closeArray();
+
+    const std::vector<Glyph> &m_glyphs;
+    const std::vector<Saying> &m_sayings;
+    std::size_t m_glyph = 0;
+    std::size_t m_lineEnd = 0;
+    std::size_t m_saying = 0;
+    std::size_t m_sayingEnd = 0; // 0 outside of one
 
     std::string m_text = "BT\n";
     int m_font = -1;
     Millipoints m_left = 0;
     Millipoints m_baseline = 0;
     Millipoints m_rise = 0;
+    Millipoints m_spacing = 0;
     bool m_mute = false;
     bool m_inArray = false;
     bool m_inString = false;
 };
 
-void Content::add(const Line &line, const Glyph *glyphs)
+void Content::add(const Line &line)
 {
     if (line.glyphs == 0)
         return;
@@ -59,27 +76,71 @@ void Content::add(const Line &line, const Glyph *glyphs)
     m_text += " Td";
     m_left = line.left;
     m_baseline = line.baseline;
-    for (std::size_t i = 0; i < line.glyphs; ++i)
-        add(glyphs[i]);
+    m_lineEnd = m_glyph + line.glyphs;
+    for (; m_glyph < m_lineEnd; ++m_glyph) {
+        if (m_saying < m_sayings.size() && m_sayings[m_saying].first == m_glyph)
+            beginSaying();
+        addGlyph();
+        if (m_glyph + 1 == m_sayingEnd)
+            endSaying();
+    }
     setRise(0);
     setMute(false);
     closeArray();
     m_text += '\n';
 }
 
-void Content::add(const Glyph &glyph)
+void Content::addGlyph()
 {
-    setMute(glyph.code.isMute);
+    const Glyph &glyph = m_glyphs[m_glyph];
+    const Millipoints after = glyph.excess - glyph.right;
+    setMute(glyph.code.isMute && m_sayingEnd == 0);
     setFont(glyph);
     setRise(glyph.up);
+    if (after != m_spacing && goesOnLike(after))
+        setSpacing(after);
     if (glyph.right != 0)
         move(glyph.right);
     openString();
     if (!glyph.code.isDrawn)
         appendByte(static_cast<unsigned char>(glyph.code.code >> 8));
     appendByte(static_cast<unsigned char>(glyph.code.code & 0xff));
-    if (glyph.excess != glyph.right)
-        move(glyph.excess - glyph.right);
+    if (after != m_spacing && m_glyph + 1 < m_lineEnd)
+        move(after - m_spacing);
+}
+
+// Whether the next glyphs of the line have as much behind them: then saying so once is shorter.
+bool Content::goesOnLike(Millipoints after) const
+{
+    constexpr std::size_t worthIt = 3;
+    if (m_lineEnd - m_glyph < worthIt)
+        return false;
+    for (std::size_t next = m_glyph + 1; next < m_glyph + worthIt; ++next) {
+        if (m_glyphs[next].excess - m_glyphs[next].right != after)
+            return false;
+    }
+    return true;
+}
+
+void Content::beginSaying()
+{
+    const Saying &saying = m_sayings[m_saying++];
+    setMute(false);
+    closeArray();
+    m_text += "/Span<</ActualText(\376\377"; // big-endian, as these say
+    for (const char16_t unit : saying.text) {
+        appendByte(static_cast<unsigned char>(unit >> 8));
+        appendByte(static_cast<unsigned char>(unit & 0xff));
+    }
+    m_text += ")>>BDC ";
+    m_sayingEnd = saying.first + saying.glyphs;
+}
+
+void Content::endSaying()
+{
+    closeArray();
+    m_text += " EMC ";
+    m_sayingEnd = 0;
 }
 
 void Content::setFont(const Glyph &glyph)
@@ -114,6 +175,15 @@ void Content::setMute(bool mute)
     closeArray();
     m_mute = mute;
     m_text += mute ? "/Span<</ActualText()>>BDC " : " EMC ";
+}
+
+void Content::setSpacing(Millipoints spacing)
+{
+    closeArray();
+    m_spacing = spacing;
+    m_text += ' ';
+    appendNumber(m_text, spacing / 1000.0);
+    m_text += " Tc";
 }
 
 // In thousandths of the font's size, and to the left.
@@ -171,11 +241,8 @@ std::string Content::finished()
 
 std::string drawingOperators(const Page &page)
 {
-    Content content(page.glyphs.size());
-    const Glyph *glyphs = page.glyphs.data();
-    for (const Line &line : page.lines) {
-        content.add(line, glyphs);
-        glyphs += line.glyphs;
-    }
+    Content content(page);
+    for (const Line &line : page.lines)
+        content.add(line);
     return content.finished();
 }

@@ -1,5 +1,6 @@
 #include "pdf/DrawnFont.h"
 
+#include "pdf/GlyphDrawing.h"
 #include "pdf/PdfImage.h"
 #include "pdf/PdfStream.h"
 
@@ -47,6 +48,7 @@ QPDFObjectHandle drawnFont(const DocumentFonts::Font &font, Pictures &pictures)
 {
     QPDF &document = pictures.document;
     QPDFObjectHandle images = QPDFObjectHandle::newDictionary();
+    QPDFObjectHandle states = QPDFObjectHandle::newDictionary();
     QPDFObjectHandle procedures = QPDFObjectHandle::newDictionary();
     QPDFObjectHandle differences = QPDFObjectHandle::newArray();
     QPDFObjectHandle widths = QPDFObjectHandle::newArray();
@@ -55,7 +57,12 @@ QPDFObjectHandle drawnFont(const DocumentFonts::Font &font, Pictures &pictures)
         const hb_codepoint_t glyph = font.codes.at(std::uint16_t(code)).glyph;
         const double advance = glyph == DocumentFonts::nothing ? 0 : font.file->advance(glyph) / textSize;
         std::string drawing = number(advance) + " 0 d0";
-        if (font.file->glyphs() == FontFile::Glyphs::Pictures) {
+        if (glyph == DocumentFonts::missing) {
+            drawing = boxDrawing(advance);
+        } else if (font.file->glyphs() == FontFile::Glyphs::Layers && glyph != DocumentFonts::nothing) {
+            drawing += ' ';
+            appendLayers(drawing, *font.file, glyph, pictures.grey, states);
+        } else if (font.file->glyphs() == FontFile::Glyphs::Pictures) {
             QPDFObjectHandle &image = pictures.embedded[{font.file, glyph}];
             if (!image.isInitialized())
                 image = picture(*font.file, glyph, pictures);
@@ -63,8 +70,6 @@ QPDFObjectHandle drawnFont(const DocumentFonts::Font &font, Pictures &pictures)
                 images.replaceKey("/P" + std::to_string(glyph), image);
                 drawing = imageDrawing(*font.file, glyph);
             }
-        } else if (glyph == DocumentFonts::missing) {
-            drawing = boxDrawing(advance);
         }
         const std::string name = "/g" + std::to_string(code);
         procedures.replaceKey(name, pdfStream(document, drawing));
@@ -88,5 +93,6 @@ QPDFObjectHandle drawnFont(const DocumentFonts::Font &font, Pictures &pictures)
     made.replaceKey("/CharProcs", procedures);
     made.getKey("/Encoding").replaceKey("/Differences", differences);
     made.getKey("/Resources").replaceKey("/XObject", images);
+    made.getKey("/Resources").replaceKey("/ExtGState", states);
     return document.makeIndirectObject(made);
 }

@@ -66,7 +66,8 @@ QPDFObjectHandle composite(QPDF &document, QPDFObjectHandle outlines)
 
 } // namespace
 
-QPDFObjectHandle fontResources(QPDF &document, const DocumentFonts &fonts, bool grey)
+QPDFObjectHandle fontResources(QPDF &document, const DocumentFonts &fonts, bool grey,
+                               const std::function<void()> &look)
 {
     const auto used = usedGlyphs(fonts);
     std::map<const FontFile *, QPDFObjectHandle> outlines;
@@ -75,6 +76,7 @@ QPDFObjectHandle fontResources(QPDF &document, const DocumentFonts &fonts, bool 
     for (std::size_t number = 0; number < fonts.fonts().size(); ++number) {
         const DocumentFonts::Font &font = fonts.fonts()[number];
         QPDFObjectHandle made;
+        look();
         if (font.isDrawn) {
             made = drawnFont(font, pictures);
         } else {

@@ -31,8 +31,10 @@ std::string subset(const FontFile &file, const UsedGlyphs &glyphs)
     hb_set_t *dropped = hb_subset_input_set(input.get(), HB_SUBSET_SETS_DROP_TABLE_TAG);
     for (const char *table :
          {"GSUB", "GPOS", "GDEF", "BASE", "JSTF", "vhea", "vmtx", "VORG", "cmap", "name", "OS/2",
-          "post", "DSIG", "kern", "hdmx", "VDMX", "LTSH", "gasp", "COLR", "CPAL", "MATH"})
+          "post", "DSIG", "kern", "hdmx", "VDMX", "LTSH", "gasp", "COLR", "CPAL", "MATH", "STAT"})
         hb_set_add(dropped, hb_tag_from_string(table, 4));
+    for (const hb_variation_t &variation : file.variations())
+        hb_subset_input_pin_axis_location(input.get(), file.face(), variation.tag, variation.value);
     unsigned flags = HB_SUBSET_FLAGS_NO_HINTING | HB_SUBSET_FLAGS_DESUBROUTINIZE;
     if (!file.isKeyedByCharacter())
         flags |= HB_SUBSET_FLAGS_RETAIN_GIDS;
@@ -120,10 +122,12 @@ std::string subsetName(const FontFile &file, std::size_t number)
     std::string name(6, 'A');
     for (std::size_t i = name.size(); i-- > 0; number /= 26)
         name[i] = char('A' + number % 26);
-    char postScript[64] = "Font";
+    char postScript[64] = "";
     unsigned length = sizeof postScript;
-    hb_ot_name_get_utf8(file.face(), HB_OT_NAME_ID_POSTSCRIPT_NAME, HB_LANGUAGE_INVALID, &length,
-                        postScript);
+    if (hb_ot_name_get_utf8(file.face(), HB_OT_NAME_ID_POSTSCRIPT_NAME, HB_LANGUAGE_INVALID, &length,
+                            postScript)
+        == 0)
+        return name + "+Font";
     name += '+';
     for (const char *c = postScript; *c; ++c) {
         if (std::isalnum(static_cast<unsigned char>(*c)) || *c == '-')

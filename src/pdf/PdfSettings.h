@@ -42,4 +42,5 @@ struct PdfProgress {
     std::atomic<bool> cancelled = false;
 };
 
-enum class PdfResult { Written, Cancelled, Failed, NoMemory };
+/// NoFonts: there are none for most of the text, and nothing has been put out.
+enum class PdfResult { Written, Cancelled, Failed, NoMemory, NoFonts };

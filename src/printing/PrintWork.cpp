@@ -21,6 +21,8 @@ public:
     {
         if (result == PdfResult::NoMemory)
             return tr("メモリが足りません。");
+        if (result == PdfResult::NoFonts)
+            return tr("この文章の文字を表せるフォントがありません。フォントをインストールしてください。");
         switch (error) {
         case 0:
             return tr("ページを作れませんでした。");
@@ -74,7 +76,8 @@ PrintOutcome spool(std::u16string_view text, const PdfSettings &settings, const 
     queue.cancel();
     if (result == PdfResult::Cancelled || progress.cancelled)
         return {PdfResult::Cancelled, {}};
-    return {PdfResult::Failed, reason.isEmpty() ? Reasons::of(result) : reason};
+    return {PdfResult::Failed,
+            reason.isEmpty() || result == PdfResult::NoFonts ? Reasons::of(result) : reason};
 }
 
 } // namespace

@@ -5,11 +5,11 @@
 
 namespace {
 
+// Of format characters, some are drawn: around the number of a verse, for one.
 bool isInvisible(char32_t c)
 {
-    const auto category = u_charType(UChar32(c));
-    return category == U_CONTROL_CHAR || category == U_FORMAT_CHAR || category == U_LINE_SEPARATOR
-        || category == U_PARAGRAPH_SEPARATOR
+    constexpr auto controls = U_GC_CC_MASK | U_GC_ZL_MASK | U_GC_ZP_MASK;
+    return (U_GET_GC_MASK(UChar32(c)) & controls)
         || u_hasBinaryProperty(UChar32(c), UCHAR_DEFAULT_IGNORABLE_CODE_POINT);
 }
 
@@ -17,20 +17,13 @@ bool isJoiner(char32_t c)
 {
     const bool tag = c >= 0xe0020 && c <= 0xe007f;
     const bool zeroWidthJoiner = c == 0x200c || c == 0x200d;
-    const bool skinTone = c >= 0x1f3fb && c <= 0x1f3ff;
-    return tag || zeroWidthJoiner || skinTone || (U_GET_GC_MASK(UChar32(c)) & U_GC_M_MASK);
+    return tag || zeroWidthJoiner || (U_GET_GC_MASK(UChar32(c)) & U_GC_M_MASK);
 }
 
 bool isWide(char32_t c)
 {
     const int width = u_getIntPropertyValue(UChar32(c), UCHAR_EAST_ASIAN_WIDTH);
     return width == U_EA_WIDE || width == U_EA_FULLWIDTH;
-}
-
-// Jamo make up a syllable together.
-bool isJamo(char32_t c)
-{
-    return (c >= 0x1100 && c <= 0x11ff) || (c >= 0xa960 && c <= 0xa97f) || (c >= 0xd7b0 && c <= 0xd7ff);
 }
 
 bool isSolid(char32_t c, UScriptCode script)
@@ -52,7 +45,7 @@ std::u16string textOf(char32_t c)
 CharacterKind kindOf(char32_t c, UScriptCode script)
 {
     using enum CharacterKind;
-    if (c == U' ')
+    if (c == U' ' || c == U'\u3000')
         return Blank;
     if (c == U'\t')
         return Tab;
@@ -65,7 +58,29 @@ CharacterKind kindOf(char32_t c, UScriptCode script)
     return isSolid(c, script) ? Solid : Letter;
 }
 
+bool isPrepended(char32_t c)
+{
+    return u_hasBinaryProperty(UChar32(c), UCHAR_PREPENDED_CONCATENATION_MARK);
+}
+
+// What goes around a number belongs to the script in which it is used, though others may use it, too.
+UScriptCode scriptOf(char32_t c)
+{
+    UErrorCode error = U_ZERO_ERROR;
+    std::array<UScriptCode, 32> scripts{};
+    if (isPrepended(c)
+        && uscript_getScriptExtensions(UChar32(c), scripts.data(), int(scripts.size()), &error) > 0)
+        return scripts.front();
+    error = U_ZERO_ERROR;
+    return uscript_getScript(UChar32(c), &error);
+}
+
 } // namespace
+
+bool isJamo(char32_t c)
+{
+    return (c >= 0x1100 && c <= 0x11ff) || (c >= 0xa960 && c <= 0xa97f) || (c >= 0xd7b0 && c <= 0xd7ff);
+}
 
 bool isSetSolid(UScriptCode script)
 {
@@ -83,9 +98,10 @@ bool isSetSolid(UScriptCode script)
     }
 }
 
-CharacterTable::CharacterTable(FontList &fonts, DocumentFonts &codes)
+CharacterTable::CharacterTable(FontList &fonts, DocumentFonts &codes, const Extent &room)
     : m_fonts(fonts)
     , m_codes(codes)
+    , m_room(room)
     , m_blocks(0x1100)
 {
 }
@@ -97,12 +113,10 @@ const Character &CharacterTable::lookedAt(char32_t c)
         block = std::make_unique<Block>();
     Character &character = (*block)[c & 0xff];
 
-    UErrorCode error = U_ZERO_ERROR;
-    character.script = uscript_getScript(UChar32(c), &error);
+    character.script = scriptOf(c);
     character.kind = kindOf(c, character.script);
-    const bool seen = character.kind == CharacterKind::Solid || character.kind == CharacterKind::Letter;
-    if (seen && u_hasBinaryProperty(UChar32(c), UCHAR_EMOJI) && !m_fonts.first()->covers(c))
-        character.kind = CharacterKind::Picture; // rather than from any font that has it in black
+    character.isPrepended = isPrepended(c);
+    character.spacing = spacingOf(c, character.script);
     switch (character.kind) {
     case CharacterKind::Invisible:
         character.font = m_fonts.first();
@@ -122,6 +136,10 @@ const Character &CharacterTable::lookedAt(char32_t c)
     default:
         character.font = m_fonts.fontFor(c);
     }
+    character.marks.isUnsaid = character.glyph.code.isUnsaid;
+    const bool halved = character.spacing == Spacing::Opening || character.spacing == Spacing::Closing;
+    if (halved && !canLoseHalf(*character.font, c, character.spacing))
+        character.spacing = Spacing::Japanese;
     return character;
 }
 
@@ -145,6 +163,7 @@ void CharacterTable::shape(Character &character, char32_t c)
     character.glyph.code = m_codes.code(*character.font, info->codepoint, textOf(c));
     character.advance = position->x_advance;
     character.glyph.excess = position->x_advance - character.font->advance(info->codepoint);
+    character.marks.isTall = !m_room.holds(inkOf(*character.font, info->codepoint, 0));
 }
 
 // It is a blank, whose width is known only where it stands: it begins with none.

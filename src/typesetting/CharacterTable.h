@@ -1,7 +1,9 @@
 #pragma once
 
 #include "typesetting/FontList.h"
+#include "typesetting/LineExtent.h"
 #include "typesetting/Page.h"
+#include "typesetting/Spacing.h"
 
 #include <unicode/uscript.h>
 
@@ -21,8 +23,16 @@ enum class CharacterKind : std::uint8_t {
     Invisible, // in the text, but nothing to be seen
 };
 
+struct CellMarks {
+    bool isTall : 1 = false;   // reaches beyond what a line has room for
+    bool isUnsaid : 1 = false; // its glyphs don't tell a reader its text
+};
+
 struct Character {
     CharacterKind kind = CharacterKind::Unknown;
+    bool isPrepended = false; // to a number, and drawn around or over it
+    Spacing spacing = Spacing::Other;
+    CellMarks marks;
     UScriptCode script = USCRIPT_COMMON;
     const FontFile *font = nullptr;
     Glyph glyph;             // of a character that is shaped by itself
@@ -32,7 +42,7 @@ struct Character {
 /// What is known about each character; each is looked at once.
 class CharacterTable {
 public:
-    CharacterTable(FontList &fonts, DocumentFonts &codes);
+    CharacterTable(FontList &fonts, DocumentFonts &codes, const Extent &room);
 
     const Character &operator[](char32_t c)
     {
@@ -51,8 +61,12 @@ private:
 
     FontList &m_fonts;
     DocumentFonts &m_codes;
+    Extent m_room;
     std::vector<std::unique_ptr<Block>> m_blocks;
 };
+
+/// Whether this is a part of a Hangul syllable.
+bool isJamo(char32_t c);
 
 /// Whether characters of this script stand in squares of their own, not moved by their neighbours.
 bool isSetSolid(UScriptCode script);

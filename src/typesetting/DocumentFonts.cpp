@@ -1,8 +1,10 @@
 #include "typesetting/DocumentFonts.h"
 
+#include <stdexcept>
+
 GlyphCode DocumentFonts::code(const FontFile &file, hb_codepoint_t glyph, std::u16string_view text)
 {
-    const bool drawn = file.glyphs() == FontFile::Glyphs::Pictures || glyph == missing || glyph == nothing;
+    const bool drawn = file.isDrawn() || glyph == missing || glyph == nothing;
     GlyphCode code = drawn ? drawnCode(file, glyph, text) : outlineCode(file, glyph, text);
     code.isMute = text.empty();
     return code;
@@ -11,35 +13,50 @@ GlyphCode DocumentFonts::code(const FontFile &file, hb_codepoint_t glyph, std::u
 GlyphCode DocumentFonts::outlineCode(const FontFile &file, hb_codepoint_t glyph, std::u16string_view text)
 {
     const std::uint16_t code = file.code(glyph);
-    for (const std::uint16_t font : m_outlines[&file]) {
+    std::vector<std::uint16_t> &known = m_outlines[&file];
+    for (const std::uint16_t font : known) {
         const auto [entry, isNew] =
             m_fonts[font].codes.try_emplace(code, Entry{glyph, std::u16string(text)});
         if (isNew || entry->second.text == text)
             return {.font = font, .code = code};
     }
+    if (known.size() == mostTextsOfGlyph)
+        return {.font = known.front(), .isUnsaid = 1, .code = code};
     const std::uint16_t font = added(file, false);
-    m_outlines[&file].push_back(font);
+    known.push_back(font);
     m_fonts[font].codes.try_emplace(code, Entry{glyph, std::u16string(text)});
     return {.font = font, .code = code};
 }
 
 GlyphCode DocumentFonts::drawnCode(const FontFile &file, hb_codepoint_t glyph, std::u16string_view text)
 {
-    GlyphCode &known = m_drawn[{&file, glyph, std::u16string(text)}];
-    if (known.isDrawn)
-        return known;
+    auto &known = m_drawn[{&file, glyph}];
+    if (const auto found = known.find(text); found != known.end())
+        return found->second;
+    const bool sign = glyph == missing || glyph == nothing;
+    if (known.size() == (sign ? mostTextsOfSign : mostTextsOfGlyph)) {
+        GlyphCode other = known.begin()->second;
+        other.isUnsaid = 1;
+        return other;
+    }
+    return known.emplace(text, newDrawnCode(file, glyph, text)).first->second;
+}
+
+GlyphCode DocumentFonts::newDrawnCode(const FontFile &file, hb_codepoint_t glyph, std::u16string_view text)
+{
     const auto last = m_lastDrawn.find(&file);
     const bool full = last == m_lastDrawn.end() || m_fonts[last->second].codes.size() == drawnPerFont;
     const std::uint16_t font = full ? added(file, true) : last->second;
     m_lastDrawn[&file] = font;
     const auto code = std::uint16_t(m_fonts[font].codes.size());
     m_fonts[font].codes.try_emplace(code, Entry{glyph, std::u16string(text)});
-    known = {.font = font, .isDrawn = 1, .code = code};
-    return known;
+    return {.font = font, .isDrawn = 1, .code = code};
 }
 
 std::uint16_t DocumentFonts::added(const FontFile &file, bool isDrawn)
 {
+    if (m_fonts.size() == mostFonts)
+        throw std::length_error("a document has no room for so many fonts");
     m_fonts.push_back({&file, isDrawn, {}});
     return std::uint16_t(m_fonts.size() - 1);
 }

@@ -6,6 +6,8 @@
 #include <hb-ot.h>
 
 #include <optional>
+#include <sstream>
+#include <string_view>
 
 namespace {
 
@@ -15,10 +17,25 @@ bool hasTable(hb_face_t *face, const char *name)
     return hb_blob_get_length(table.get()) > 0;
 }
 
+// The version of the table of painted glyphs; nothing where it has none that are painted so.
+bool isPainted(hb_face_t *face)
+{
+    const HarfBuzz<hb_blob_t> table(hb_face_reference_table(face, HB_TAG('C', 'O', 'L', 'R')));
+    unsigned length = 0;
+    const char *data = hb_blob_get_data(table.get(), &length);
+    constexpr std::string_view noGlyphs("\0\0\0\0", 4);
+    constexpr unsigned offset = 14; // of those glyphs, behind the layers of version 0
+    return length >= offset + 4 && data[1] >= 1 && std::string_view(data + offset, 4) != noGlyphs;
+}
+
 std::optional<FontFile::Glyphs> kindOfGlyphs(hb_face_t *face)
 {
     if (hb_ot_color_has_png(face))
         return FontFile::Glyphs::Pictures;
+    if (isPainted(face))
+        return {};
+    if (hb_ot_color_has_layers(face))
+        return FontFile::Glyphs::Layers;
     if (hasTable(face, "CFF "))
         return FontFile::Glyphs::PostScript;
     if (hasTable(face, "glyf"))
@@ -48,8 +65,11 @@ struct FontFile::CharacterKeys {
     FT_Face face = nullptr;
 };
 
-std::unique_ptr<FontFile> FontFile::open(const std::string &path, unsigned index)
+std::unique_ptr<FontFile> FontFile::open(const std::string &path, unsigned index,
+                                         const std::string &variations)
 {
+    const unsigned instance = index >> 16;
+    index &= 0xffff;
     const HarfBuzz<hb_blob_t> file(hb_blob_create_from_file_or_fail(path.c_str()));
     if (!file)
         return {};
@@ -58,6 +78,9 @@ std::unique_ptr<FontFile> FontFile::open(const std::string &path, unsigned index
     if (!glyphs || hb_face_get_glyph_count(face.get()) == 0)
         return {};
     std::unique_ptr<FontFile> opened(new FontFile(std::move(face), *glyphs));
+    if (hb_ot_var_has_data(opened->face()))
+        opened->vary(instance, variations);
+    opened->measure();
     if (*glyphs == Glyphs::PostScript)
         opened->openCharacterKeys(path, index);
     return opened;
@@ -70,6 +93,10 @@ FontFile::FontFile(HarfBuzz<hb_face_t> face, Glyphs glyphs)
 {
     const int scale = int(textSize * 1000);
     hb_font_set_scale(font(), scale, scale);
+}
+
+void FontFile::measure()
+{
     hb_font_extents_t extents{};
     hb_font_get_h_extents(font(), &extents);
     m_ascent = extents.ascender;
@@ -78,6 +105,31 @@ FontFile::FontFile(HarfBuzz<hb_face_t> face, Glyphs glyphs)
 }
 
 FontFile::~FontFile() = default;
+
+void FontFile::vary(unsigned instance, const std::string &variations)
+{
+    std::vector<hb_ot_var_axis_info_t> axes(hb_ot_var_get_axis_count(face()));
+    auto count = unsigned(axes.size());
+    hb_ot_var_get_axis_infos(face(), 0, &count, axes.data());
+    std::vector<float> places;
+    for (const hb_ot_var_axis_info_t &axis : axes)
+        places.push_back(axis.default_value);
+    if (instance > 0)
+        hb_ot_var_named_instance_get_design_coords(face(), instance - 1, &count, places.data());
+    for (std::size_t i = 0; i < axes.size(); ++i)
+        m_variations.push_back({axes[i].tag, places[i]});
+    std::istringstream all(variations);
+    for (std::string one; std::getline(all, one, ',');) {
+        hb_variation_t wanted{};
+        if (!hb_variation_from_string(one.data(), int(one.size()), &wanted))
+            continue;
+        for (hb_variation_t &variation : m_variations) {
+            if (variation.tag == wanted.tag)
+                variation.value = wanted.value;
+        }
+    }
+    hb_font_set_variations(font(), m_variations.data(), unsigned(m_variations.size()));
+}
 
 void FontFile::openCharacterKeys(const std::string &path, unsigned index)
 {
@@ -109,4 +161,13 @@ bool FontFile::covers(char32_t character) const
 Millipoints FontFile::advance(hb_codepoint_t glyph) const
 {
     return hb_font_get_glyph_h_advance(font(), glyph);
+}
+
+FontFile::Ink FontFile::ink(hb_codepoint_t glyph) const
+{
+    const auto [known, isNew] = m_inks.try_emplace(glyph);
+    hb_glyph_extents_t box{};
+    if (isNew && hb_font_get_glyph_extents(font(), glyph, &box))
+        known->second = {box.y_bearing, box.y_bearing + box.height};
+    return known->second;
 }

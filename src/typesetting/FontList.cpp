@@ -5,7 +5,7 @@
 
 namespace {
 
-FcFontSet *sortedFonts(const std::string &family)
+FcPattern *wantedFont(const std::string &family)
 {
     FcPattern *wanted = FcPatternCreate();
     const auto text = [&](const char *property, const char *value) {
@@ -19,10 +19,13 @@ FcFontSet *sortedFonts(const std::string &family)
     FcPatternAddInteger(wanted, FC_SLANT, FC_SLANT_ROMAN);
     FcConfigSubstitute(nullptr, wanted, FcMatchPattern);
     FcDefaultSubstitute(wanted);
+    return wanted;
+}
+
+FcFontSet *sortedFonts(FcPattern *wanted)
+{
     FcResult result = FcResultNoMatch;
-    FcFontSet *fonts = FcFontSort(nullptr, wanted, FcFalse, nullptr, &result);
-    FcPatternDestroy(wanted);
-    return fonts;
+    return FcFontSort(nullptr, wanted, FcFalse, nullptr, &result);
 }
 
 bool isTrue(FcPattern *font, const char *property)
@@ -31,10 +34,24 @@ bool isTrue(FcPattern *font, const char *property)
     return FcPatternGetBool(font, property, 0, &value) == FcResultMatch && value;
 }
 
+// Where on the axes of a variable font the wanted one lies, as fontconfig writes that.
+std::string variationsOf(FcPattern *font, FcPattern *wanted)
+{
+    FcPattern *prepared = FcFontRenderPrepare(nullptr, wanted, font);
+    FcChar8 *variations = nullptr;
+    std::string found;
+    if (prepared && FcPatternGetString(prepared, FC_FONT_VARIATIONS, 0, &variations) == FcResultMatch)
+        found = reinterpret_cast<const char *>(variations);
+    if (prepared)
+        FcPatternDestroy(prepared);
+    return found;
+}
+
 } // namespace
 
 FontList::FontList(const std::string &family)
-    : m_found(sortedFonts(family))
+    : m_wanted(wantedFont(family))
+    , m_found(sortedFonts(m_wanted))
 {
     for (int i = 0; m_found && i < m_found->nfont; ++i) {
         FcPattern *font = m_found->fonts[i];
@@ -45,11 +62,7 @@ FontList::FontList(const std::string &family)
             || FcPatternGetInteger(font, FC_INDEX, 0, &index) != FcResultMatch
             || FcPatternGetCharSet(font, FC_CHARSET, 0, &characters) != FcResultMatch)
             continue;
-        // The upper half of the index names an instance of a variable font, which can't be embedded as
-        // such.
-        if (isTrue(font, FC_VARIABLE) || index > 0xffff)
-            continue;
-        m_candidates.push_back({reinterpret_cast<const char *>(path), unsigned(index),
+        m_candidates.push_back({font, reinterpret_cast<const char *>(path), unsigned(index),
                                 isTrue(font, FC_COLOR), characters, false, nullptr});
     }
 }
@@ -58,12 +71,16 @@ FontList::~FontList()
 {
     if (m_found)
         FcFontSetDestroy(m_found);
+    FcPatternDestroy(m_wanted);
 }
 
 const FontFile *FontList::open(Candidate &candidate)
 {
-    if (!std::exchange(candidate.tried, true))
-        candidate.file = FontFile::open(candidate.path, candidate.index);
+    if (!std::exchange(candidate.tried, true)) {
+        const std::string variations =
+            isTrue(candidate.font, FC_VARIABLE) ? variationsOf(candidate.font, m_wanted) : std::string();
+        candidate.file = FontFile::open(candidate.path, candidate.index, variations);
+    }
     return candidate.file.get();
 }
 

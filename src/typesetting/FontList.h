@@ -28,6 +28,7 @@ public:
 
 private:
     struct Candidate {
+        FcPattern *font = nullptr;
         std::string path;
         unsigned index = 0;
         bool colour = false;
@@ -39,6 +40,7 @@ private:
     const FontFile *open(Candidate &candidate);
     const FontFile *find(char32_t character, bool colour);
 
+    FcPattern *m_wanted;
     FcFontSet *m_found;
     std::vector<Candidate> m_candidates;
 };

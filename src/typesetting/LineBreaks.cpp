@@ -10,6 +10,20 @@ namespace {
 constexpr std::size_t windowLength = 8192; // units: many lines
 constexpr std::size_t lookAhead = 64;      // units that a rule may look at behind a break
 
+bool isDigit(char16_t c)
+{
+    return (c >= u'0' && c <= u'9') || (c >= u'０' && c <= u'９');
+}
+
+// A number of wide digits stays together, and so does a number with its unit in a square: Japanese
+// typesetting wants that, Unicode takes them for ideographs.
+bool goTogether(char16_t before, char16_t after)
+{
+    const bool point = before == u'．' || before == u'，';
+    const bool unit = after >= 0x3300 && after <= 0x33df && !(after >= 0x3358 && after <= 0x3370);
+    return isDigit(after) ? isDigit(before) || point : unit && isDigit(before);
+}
+
 } // namespace
 
 LineBreaks::LineBreaks()
@@ -46,7 +60,15 @@ std::size_t LineBreaks::lastBreak(std::size_t lineStart, std::size_t at)
     if (m_windowEnd == 0 || !ahead)
         lookAt(lineStart);
     const auto inWindow = std::int32_t(std::min(at, m_windowEnd) - m_windowStart);
-    const std::int32_t found =
+    std::int32_t found =
         ubrk_isBoundary(m_iterator, inWindow) ? inWindow : ubrk_preceding(m_iterator, inWindow);
+    while (found > 0 && m_windowStart + std::size_t(found) > lineStart
+           && isProhibited(m_windowStart + std::size_t(found)))
+        found = ubrk_preceding(m_iterator, found);
     return found == UBRK_DONE ? lineStart : std::max(lineStart, m_windowStart + std::size_t(found));
+}
+
+bool LineBreaks::isProhibited(std::size_t at) const
+{
+    return at < m_paragraph.size() && goTogether(m_paragraph[at - 1], m_paragraph[at]);
 }

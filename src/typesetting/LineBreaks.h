@@ -22,6 +22,7 @@ public:
 
 private:
     void lookAt(std::size_t from);
+    bool isProhibited(std::size_t at) const;
 
     UBreakIterator *m_iterator = nullptr;
     std::u16string_view m_paragraph;

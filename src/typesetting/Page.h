@@ -19,7 +19,19 @@ struct Line {
     std::size_t glyphs = 0;   // how many of the page's follow
 };
 
+/// What a stretch of glyphs says together, where a reader wouldn't find that out from their codes and
+/// places.
+struct Saying {
+    std::size_t first = 0; // of the page's glyphs
+    std::size_t glyphs = 0;
+    std::u16string text;
+};
+
 struct Page {
     std::vector<Line> lines;
     std::vector<Glyph> glyphs;
+    std::vector<Saying> sayings; // in the order of their glyphs, each within a line
 };
+
+/// One of its lines, as a page of its own.
+Page onlyLine(const Page &page, std::size_t line);

@@ -8,10 +8,10 @@
 
 namespace {
 
-constexpr std::size_t longestWord = 64;  // units; longer ones are shaped in pieces
-constexpr std::size_t longestUnit = 256; // no heap of marks is longer
-constexpr std::size_t wordsToKeep = 50'000;
-constexpr std::size_t contextLength = 16; // what a font may want to see on either side
+constexpr std::size_t longestWord = 64;      // units; longer ones are shaped in pieces
+constexpr std::size_t longestUnit = 256;     // no heap of marks is longer
+constexpr std::size_t unitsToKeep = 400'000; // of words: some ten megabytes, shaped
+constexpr std::size_t contextLength = 16;    // what a font may want to see on either side
 constexpr char32_t asPicture = 0xfe0f;
 constexpr char32_t asText = 0xfe0e;
 constexpr char32_t zeroWidthJoiner = 0x200d;
@@ -36,6 +36,51 @@ Next characterAt(std::u16string_view text, std::size_t at)
 bool isFlagHalf(char32_t c)
 {
     return c >= 0x1f1e6 && c <= 0x1f1ff;
+}
+
+bool isSkinTone(char32_t c)
+{
+    return c >= 0x1f3fb && c <= 0x1f3ff;
+}
+
+bool isPictograph(char32_t c)
+{
+    return u_hasBinaryProperty(UChar32(c), UCHAR_EXTENDED_PICTOGRAPHIC);
+}
+
+// A skin tone belongs to a person, and is a picture of its own behind anything else.
+bool isToned(char32_t c, char32_t next)
+{
+    return isSkinTone(next) && u_hasBinaryProperty(UChar32(c), UCHAR_EMOJI_MODIFIER_BASE);
+}
+
+// What is text by default becomes a picture by what follows it.
+bool isMadePicture(char32_t c, std::u16string_view rest)
+{
+    const Next next = characterAt(rest, 0);
+    switch (next.character) {
+    case asPicture:
+        return u_hasBinaryProperty(UChar32(c), UCHAR_EMOJI);
+    case zeroWidthJoiner:
+        return isPictograph(c) && isPictograph(characterAt(rest, next.length).character);
+    default:
+        return isToned(c, next.character);
+    }
+}
+
+// Whether a character isn't drawn for itself, for what comes next.
+bool isJoined(char32_t c, UScriptCode script, char32_t next, CharacterKind nextKind)
+{
+    switch (nextKind) {
+    case CharacterKind::Joiner:
+        return true;
+    case CharacterKind::Letter: // a whole syllable goes on, too
+        return script == USCRIPT_HANGUL && isJamo(next);
+    case CharacterKind::Picture:
+        return isToned(c, next);
+    default:
+        return false;
+    }
 }
 
 bool goTogether(UScriptCode a, UScriptCode b)
@@ -73,10 +118,11 @@ std::size_t Shaper::Hash::operator()(const WordView &word) const
         ^ (std::size_t(word.script) << 1) ^ std::size_t(word.rightToLeft);
 }
 
-Shaper::Shaper(FontList &fonts, DocumentFonts &codes)
+Shaper::Shaper(FontList &fonts, DocumentFonts &codes, const Extent &room)
     : m_fonts(fonts)
     , m_codes(codes)
-    , m_characters(fonts, codes)
+    , m_room(room)
+    , m_characters(fonts, codes, room)
     , m_buffer(hb_buffer_create())
 {
 }
@@ -88,21 +134,21 @@ std::size_t Shaper::shapeNext(std::u16string_view text, std::size_t from, std::s
     const auto [c, length] = characterAt(text, from);
     const Character &character = m_characters[c];
     const Next next = characterAt(text.substr(0, limit), from + length);
-    const bool joined = next.length > 0 && m_characters[next.character].kind == Joiner;
+    const bool joined =
+        next.length > 0 && isJoined(c, character.script, next.character, m_characters[next.character].kind);
 
     const bool seen = character.kind == Solid || character.kind == Blank;
     const bool alone =
         (seen && !joined && level % 2 == 0) || character.kind == Invisible || character.kind == Tab;
     if (alone) [[likely]] {
-        to.cells.push_back(
-            {character.font, std::uint32_t(length), 1, character.advance, character.kind, level});
+        to.cells.push_back({character.font, std::uint32_t(length), 1, character.advance, character.kind,
+                            level, character.spacing, character.marks});
         to.glyphs.push_back(character.glyph);
         return length;
     }
 
     const std::u16string_view rest = text.substr(from, limit - from);
-    const bool pictured = character.kind == Picture
-        || (next.character == asPicture && u_hasBinaryProperty(UChar32(c), UCHAR_EMOJI));
+    const bool pictured = character.kind == Picture || isMadePicture(c, rest.substr(length));
     Unit unit = pictured ? pictureUnit(rest) : letterUnit(rest);
     if (next.character == asText)
         unit.font = m_fonts.fontFor(c);
@@ -124,8 +170,7 @@ Shaper::Unit Shaper::pictureUnit(std::u16string_view text)
         if (more == 0)
             break;
         const bool flag = isFlagHalf(c) && isFlagHalf(last) && unit.length == 2;
-        const bool joined =
-            last == zeroWidthJoiner && u_hasBinaryProperty(UChar32(c), UCHAR_EXTENDED_PICTOGRAPHIC);
+        const bool joined = (last == zeroWidthJoiner && isPictograph(c)) || isToned(last, c);
         if (!flag && !joined && m_characters[c].kind != CharacterKind::Joiner)
             break;
         unit.length += more;
@@ -141,7 +186,7 @@ Shaper::Unit Shaper::letterUnit(std::u16string_view text)
     const auto [first, length] = characterAt(text, 0);
     const Character &start = m_characters[first];
     Unit unit{.length = length, .font = start.font, .script = start.script};
-    const bool takesLetters = start.kind == CharacterKind::Letter;
+    const bool takesLetters = start.kind == CharacterKind::Letter && !start.isPrepended;
     bool allCovered = true;
     std::size_t last = 0; // where the last letter begins
     while (true) {
@@ -149,9 +194,11 @@ Shaper::Unit Shaper::letterUnit(std::u16string_view text)
         if (more == 0)
             break;
         const Character &next = m_characters[c];
-        const bool joins = next.kind == CharacterKind::Joiner;
-        const bool follows = takesLetters && next.kind == CharacterKind::Letter && next.font == unit.font
-            && goTogether(next.script, unit.script);
+        const bool joins = next.kind == CharacterKind::Joiner
+            || (start.isPrepended && u_isdigit(UChar32(c)))
+            || (start.script == USCRIPT_HANGUL && !takesLetters && isJamo(c));
+        const bool follows = takesLetters && next.kind == CharacterKind::Letter && !next.isPrepended
+            && next.font == unit.font && goTogether(next.script, unit.script);
         if (!joins && !follows)
             break;
         if (unit.length >= (joins ? longestUnit : longestWord)) {
@@ -226,8 +273,11 @@ void Shaper::shape(std::u16string_view text, std::size_t from, const Unit &unit,
     add(to, shaped, level);
     if (!unit.whole)
         return;
-    if (m_words.size() >= wordsToKeep)
+    m_wordsUnits += own.size() + 1;
+    if (m_wordsUnits > unitsToKeep) {
         m_words.clear();
+        m_wordsUnits = own.size() + 1;
+    }
     m_words.emplace(Word{view.font, view.script, view.rightToLeft, std::u16string(own)}, std::move(shaped));
 }
 
@@ -235,7 +285,6 @@ void Shaper::readCells(const Unit &unit, std::u16string_view text, bool rightToL
 {
     unsigned count = 0;
     const hb_glyph_info_t *infos = hb_buffer_get_glyph_infos(m_buffer.get(), &count);
-    const hb_glyph_position_t *positions = hb_buffer_get_glyph_positions(m_buffer.get(), &count);
     // The glyphs come from left to right, the cells go as the text does.
     const auto logical = [&](unsigned i) { return rightToLeft ? count - 1 - i : i; };
     for (unsigned begin = 0, end = 0; begin < count; begin = end) {
@@ -245,16 +294,38 @@ void Shaper::readCells(const Unit &unit, std::u16string_view text, bool rightToL
         const std::size_t textEnd = end < count ? infos[logical(end)].cluster : text.size();
         const std::u16string_view own = text.substr(cluster, textEnd - cluster);
         Cell cell{unit.font, std::uint32_t(own.size()), end - begin};
-        const unsigned leftmost = std::min(logical(begin), logical(end - 1));
-        for (unsigned i = 0; i < end - begin; ++i) {
-            const unsigned at = leftmost + i;
-            const auto part = partFor(rightToLeft ? end - begin - 1 - i : i, end - begin, own);
-            const hb_codepoint_t glyph = infos[at].codepoint;
-            to.glyphs.push_back({m_codes.code(*unit.font, glyph, part),
-                                 positions[at].x_advance - unit.font->advance(glyph),
-                                 positions[at].x_offset, positions[at].y_offset});
-            cell.advance += positions[at].x_advance;
-        }
+        cell.spacing = m_characters[characterAt(own, 0).character].spacing;
+        readGlyphs(own, std::min(logical(begin), logical(end - 1)), rightToLeft, cell, to);
         to.cells.push_back(cell);
     }
+}
+
+void Shaper::readGlyphs(std::u16string_view text, unsigned leftmost, bool rightToLeft, Cell &cell,
+                        Cells &to)
+{
+    const hb_glyph_info_t *info = hb_buffer_get_glyph_infos(m_buffer.get(), nullptr) + leftmost;
+    const hb_glyph_position_t *position = hb_buffer_get_glyph_positions(m_buffer.get(), nullptr) + leftmost;
+    for (unsigned i = 0; i < cell.glyphs; ++i, ++info, ++position) {
+        const auto part = partFor(rightToLeft ? cell.glyphs - 1 - i : i, cell.glyphs, text);
+        const hb_codepoint_t glyph = info->codepoint;
+        const Millipoints width = cell.font->advance(glyph);
+        const GlyphCode code = m_codes.code(*cell.font, glyph, part);
+        to.glyphs.push_back({code, position->x_advance - width, position->x_offset, position->y_offset});
+        // A mark that is drawn over its letter, but has a width: readers go by where it begins.
+        const bool isMisread = i > 0 && !rightToLeft && width > 0 && position->x_advance == 0;
+        cell.marks.isUnsaid = cell.marks.isUnsaid || code.isUnsaid || isMisread;
+        cell.marks.isTall =
+            cell.marks.isTall || !m_room.holds(inkOf(*cell.font, glyph, position->y_offset));
+        cell.advance += position->x_advance;
+    }
+}
+
+std::pair<Glyph, Millipoints> Shaper::hyphen(const FontFile &font)
+{
+    for (const char32_t c : {U'-', U'\u2010'}) {
+        hb_codepoint_t glyph = 0;
+        if (hb_font_get_nominal_glyph(font.font(), c, &glyph))
+            return {{m_codes.code(font, glyph, u"\u00ad")}, font.advance(glyph)};
+    }
+    return {{m_codes.code(font, DocumentFonts::nothing, u"\u00ad")}, 0};
 }

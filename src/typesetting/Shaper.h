@@ -13,6 +13,8 @@ struct Cell {
     Millipoints advance = 0;
     CharacterKind kind = CharacterKind::Letter;
     std::uint8_t level = 0; // of its direction: odd runs from right to left
+    Spacing spacing = Spacing::Other;
+    CellMarks marks;
 };
 
 /// Cells in the order of the text, and the glyphs of all of them; those of a cell from left to right.
@@ -24,12 +26,16 @@ struct Cells {
 /// Turns text into cells. Words and characters come again and again, so each is shaped once.
 class Shaper {
 public:
-    Shaper(FontList &fonts, DocumentFonts &codes);
+    /// Cells that reach beyond `room` are marked.
+    Shaper(FontList &fonts, DocumentFonts &codes, const Extent &room);
 
     /// Appends the cells of what comes next in `text` at `from`, up to `limit` at most; the text
     /// around it counts as its context. Returns how many units those are.
     std::size_t shapeNext(std::u16string_view text, std::size_t from, std::size_t limit, std::uint8_t level,
                           Cells &to);
+
+    /// What stands for a soft hyphen at the end of a line, behind a cell in this font.
+    std::pair<Glyph, Millipoints> hyphen(const FontFile &font);
 
 private:
     /// A stretch of text that is shaped as a whole.
@@ -73,10 +79,13 @@ private:
     const FontFile *fontForAll(std::u16string_view text);
     void shape(std::u16string_view text, std::size_t from, const Unit &unit, std::uint8_t level, Cells &to);
     void readCells(const Unit &unit, std::u16string_view text, bool rightToLeft, Cells &to);
+    void readGlyphs(std::u16string_view text, unsigned leftmost, bool rightToLeft, Cell &cell, Cells &to);
 
     FontList &m_fonts;
     DocumentFonts &m_codes;
+    Extent m_room;
     CharacterTable m_characters;
     HarfBuzz<hb_buffer_t> m_buffer;
     std::unordered_map<Word, Cells, Hash, Equal> m_words;
+    std::size_t m_wordsUnits = 0; // how long all of them are
 };

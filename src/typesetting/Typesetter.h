@@ -2,8 +2,8 @@
 
 #include "typesetting/Directions.h"
 #include "typesetting/LineBreaks.h"
+#include "typesetting/LineSpacing.h"
 #include "typesetting/PageFormat.h"
-#include "typesetting/Shaper.h"
 
 #include <functional>
 
@@ -15,38 +15,50 @@ public:
     /// the work.
     using Sink = std::function<bool(Page &&page, std::size_t done)>;
 
-    /// `fonts` must have a first one.
-    Typesetter(FontList &fonts, DocumentFonts &codes, const PageFormat &format, Sink sink);
+    /// `fonts` must have a first one. `goesOn` is asked before each line; empty: it does.
+    Typesetter(FontList &fonts, DocumentFonts &codes, const PageFormat &format, Sink sink,
+               std::function<bool()> goesOn = {});
 
-    /// An empty text makes an empty page. False when the sink has ended it.
+    /// An empty text makes an empty page. False when it was ended.
     bool set(std::u16string_view text);
 
 private:
-    struct Extent {
-        Millipoints ascent = 0;
-        Millipoints descent = 0;
+    struct LineContent {
+        std::size_t units = 0;
+        std::size_t glyphs = 0;
+        bool runsLeft = false; // all of it, or a part
+        bool anyTall = false;
+        bool endsParagraph = false;
     };
 
     bool setParagraph(const Paragraph &paragraph);
     bool fillLine(const Paragraph &paragraph);
     void measureTab(Cell &cell, Glyph &glyph, Millipoints x) const;
     std::size_t breakBefore(std::size_t overflowing, std::size_t at);
+    bool hasRoomForHyphen(std::size_t cell);
     bool placeLine(std::size_t cells);
-    void placeCells(std::size_t cells, Line &line);
-    void placeInVisualOrder(std::size_t cells);
-    Extent extentOf(std::size_t cells) const;
+    LineContent contentOf(std::span<const Cell> line) const;
+    void hyphenate(std::span<Cell> line, Glyph &glyph);
+    void placeInOrder(std::span<const Cell> line, const LineContent &content);
+    void sayWhatIsMisread(std::span<const Cell> line, const Spread &spread);
+    void placeInVisualOrder(std::span<const Cell> line);
+    Extent extentOf(std::span<const Cell> line) const;
     void forgetPlaced();
     bool finishPage();
 
+    DocumentFonts &m_codes;
+    const Extent m_line;
     Shaper m_shaper;
     LineBreaks m_breaks;
     Directions m_directions;
     PageFormat m_format;
     Sink m_sink;
-    const FontFile &m_ownFont;
+    std::function<bool()> m_goesOn;
     Millipoints m_lineWidth;
     Millipoints m_textHeight;
 
+    std::u16string_view m_text; // of the paragraph
+    bool m_isJapanese = false;  // and how it is set
     // Shaped, but not placed yet: from m_first on.
     Cells m_pending;
     std::size_t m_first = 0;

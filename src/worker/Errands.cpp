@@ -110,10 +110,16 @@ PdfResult pdfByWorker(std::u16string_view text, const PdfSettings &settings, con
     const Report report = done(errand);
     if (progress.cancelled)
         return PdfResult::Cancelled;
-    if (report.result == Report::Result::NoMemory)
+    switch (report.result) {
+    case Report::Result::Done:
+        return report.size == written ? PdfResult::Written : PdfResult::Failed;
+    case Report::Result::NoMemory:
         return PdfResult::NoMemory;
-    return report.result == Report::Result::Done && report.size == written ? PdfResult::Written
-                                                                           : PdfResult::Failed;
+    case Report::Result::NoFonts:
+        return PdfResult::NoFonts;
+    default: // also of what there is no name for
+        return PdfResult::Failed;
+    }
 }
 
 SmallPicture pictureByWorker(const QByteArray &file, int side)

@@ -56,7 +56,7 @@ struct Order {
 
 struct Report {
     enum class Kind : std::uint32_t { Ready, Progress, Ended };
-    enum class Result : std::uint32_t { Done, Failed, NoMemory };
+    enum class Result : std::uint32_t { Done, Failed, NoMemory, NoFonts };
 
     Kind kind;
     char release[sizeof Protocol::release]; ///< when ready

@@ -95,26 +95,20 @@ void ManualPages::addText(const ManualBlock &block)
     makeRoom(height + style.keep);
     if (block.kind == ManualBlock::Kind::Chapter)
         m_chapters.push_back({block.text, m_contents.size(), m_y});
-    const Glyph *glyphs = page.glyphs.data();
     for (std::size_t i = 0; i < page.lines.size(); ++i) {
         makeRoom(height);
         const double baseline = m_y - own.ascent() / 1000.0 * scale;
-        if (i == 0 && block.kind == ManualBlock::Kind::Item) {
-            const Page bullet = set("•", style.indent);
-            addLine(bullet.lines.front(), bullet.glyphs.data(), m_format.left + 2, baseline, scale);
-        }
-        addLine(page.lines[i], glyphs, left, baseline, scale);
-        glyphs += page.lines[i].glyphs;
+        if (i == 0 && block.kind == ManualBlock::Kind::Item)
+            addLine(set("•", style.indent), m_format.left + 2, baseline, scale);
+        addLine(onlyLine(page, i), left, baseline, scale);
         m_y -= height;
     }
 }
 
-void ManualPages::addLine(const Line &line, const Glyph *glyphs, double left, double baseline, double scale)
+void ManualPages::addLine(Page line, double left, double baseline, double scale)
 {
-    Page alone;
-    alone.lines.push_back({.left = line.left, .baseline = 0, .glyphs = line.glyphs});
-    alone.glyphs.assign(glyphs, glyphs + line.glyphs);
-    m_content += placed(scale, left, baseline, drawingOperators(alone));
+    line.lines.front().baseline = 0;
+    m_content += placed(scale, left, baseline, drawingOperators(line));
 }
 
 // Half a point for each of its pixels, or as wide as the text; with a thin frame.
@@ -156,10 +150,8 @@ void ManualPages::finish()
 {
     newPage();
     for (std::size_t i = 0; i < m_contents.size(); ++i) {
-        const Page number = set(std::to_string(i + 1), 40);
         m_content.clear();
-        addLine(number.lines.front(), number.glyphs.data(), m_format.width / 2 - 3, m_format.bottom / 2,
-                0.75);
+        addLine(set(std::to_string(i + 1), 40), m_format.width / 2 - 3, m_format.bottom / 2, 0.75);
         m_contents[i] += std::exchange(m_content, {});
     }
 }

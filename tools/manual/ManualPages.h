@@ -41,7 +41,7 @@ private:
     Page set(const std::string &text, double width);
     void addText(const ManualBlock &block);
     void addPicture(const std::string &name);
-    void addLine(const Line &line, const Glyph *glyphs, double left, double baseline, double scale);
+    void addLine(Page line, double left, double baseline, double scale);
     void makeRoom(double height);
     void newPage();
 

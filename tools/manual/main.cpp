@@ -1,8 +1,10 @@
 // make_manual SOURCE.md OUT.pdf: makes the manual that is installed with the program.
 #include "ManualPages.h"
+#include "pdf/Deflate.h"
 #include "pdf/FontObjects.h"
-#include "pdf/PdfFile.h"
-#include "pdf/PdfStream.h"
+#include "pdf/PageTree.h"
+#include "pdf/PdfDescription.h"
+#include "pdf/PdfObjects.h"
 
 #include <cstdio>
 #include <exception>
@@ -12,8 +14,8 @@
 namespace {
 
 // What a reader lists beside the pages.
-void addOutline(QPDF &document, const std::vector<ManualPages::Chapter> &chapters,
-                const std::vector<QPDFObjectHandle> &pages)
+QPDFObjectHandle outlineOf(QPDF &document, const std::vector<ManualPages::Chapter> &chapters,
+                           const std::vector<QPDFObjectHandle> &pages)
 {
     QPDFObjectHandle outline = document.makeIndirectObject(QPDFObjectHandle::parse("<</Type /Outlines>>"));
     QPDFObjectHandle last = QPDFObjectHandle::newNull();
@@ -36,7 +38,28 @@ void addOutline(QPDF &document, const std::vector<ManualPages::Chapter> &chapter
     }
     outline.replaceKey("/Last", last);
     outline.replaceKey("/Count", QPDFObjectHandle::newInteger(std::int64_t(chapters.size())));
-    document.getRoot().replaceKey("/Outlines", outline);
+    return outline;
+}
+
+// Objects that stand for pages of the file.
+std::vector<QPDFObjectHandle> handlesOf(const std::vector<int> &pages, QPDF &document, PdfObjects &objects)
+{
+    std::vector<QPDFObjectHandle> handles;
+    for (const int page : pages) {
+        handles.push_back(document.makeIndirectObject(QPDFObjectHandle::newDictionary()));
+        objects.bind(handles.back(), page);
+    }
+    return handles;
+}
+
+std::vector<int> writtenContents(PdfFile &file, const std::vector<std::string> &contents)
+{
+    std::vector<int> numbers;
+    for (const std::string &content : contents) {
+        numbers.push_back(file.newObject());
+        file.writeStream(numbers.back(), "/Filter /FlateDecode", deflated(content));
+    }
+    return numbers;
 }
 
 bool make(const std::filesystem::path &source, const std::filesystem::path &out)
@@ -54,18 +77,19 @@ bool make(const std::filesystem::path &source, const std::filesystem::path &out)
         manual.add(block);
     manual.finish();
 
-    std::vector<QPDFObjectHandle> pages;
-    for (const std::string &content : manual.contents())
-        pages.push_back(pdfPage(document, pdfStream(document, content)));
-    QPDFObjectHandle resources = QPDFObjectHandle::newDictionary();
-    resources.replaceKey("/Font", fontResources(document, codes, false));
-    resources.replaceKey("/XObject", manual.images());
-    addPages(document, pages, resources, manual.format());
-    addOutline(document, manual.chapters(), pages);
     std::ofstream result(out, std::ios::binary);
-    writePdfFile(document, blocks.front().text, [&](const char *bytes, std::size_t count) {
+    PdfFile pdf([&](const char *bytes, std::size_t count) {
         return !!result.write(bytes, std::streamsize(count));
     });
+    PdfObjects objects(pdf);
+    QPDFObjectHandle resources = QPDFObjectHandle::newDictionary();
+    resources.replaceKey("/Font", fontResources(document, codes, false, [] {}));
+    resources.replaceKey("/XObject", manual.images());
+    const PageTree tree = writePages(pdf, writtenContents(pdf, manual.contents()),
+                                     objects.written(resources), manual.format());
+    const auto pages = handlesOf(tree.pages, document, objects);
+    const std::string outline = objects.written(outlineOf(document, manual.chapters(), pages));
+    finishPdf(pdf, tree.root, blocks.front().text, " /Outlines " + outline);
     return !!result.flush();
 }
 

@@ -133,6 +133,8 @@ Report::Result write(const Handed &handed, DocumentPipe &document)
     const PdfResult result = writeTextPdf({text.data(), text.size()}, chosen, output, progress);
     if (result == PdfResult::NoMemory)
         return Report::Result::NoMemory;
+    if (result == PdfResult::NoFonts)
+        return Report::Result::NoFonts;
     return result == PdfResult::Written && document.flush() ? Report::Result::Done : Report::Result::Failed;
 }
 

@@ -1,0 +1,84 @@
+#include "typesetting/LineSpacing.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr std::size_t any = std::size_t(Stretch::Any);
+constexpr std::size_t boundary = std::size_t(Stretch::WesternBoundary);
+
+std::span<const Cell> withoutHanging(std::span<const Cell> line)
+{
+    while (!line.empty() && line.back().kind == CharacterKind::Blank)
+        line = line.first(line.size() - 1);
+    return line;
+}
+
+// Blanks between words grow first, then what parts Japanese from others, and then everything alike.
+Spread shared(Millipoints room, const std::array<Millipoints, 4> &places)
+{
+    Spread spread{};
+    Millipoints all = 0;
+    for (std::size_t i = 0; i < boundary; ++i) {
+        if (places[i] > 0)
+            spread[i] = std::min(room / places[i], quarterSquare);
+        room -= spread[i] * places[i];
+        all += places[i];
+    }
+    all += places[any] + places[boundary];
+    const Millipoints each = all > 0 ? room / all : 0;
+    if (each > quarterSquare)
+        return {}; // that would tear it apart
+    for (std::size_t i = 0; i <= any; ++i)
+        spread[i] += each;
+    return spread;
+}
+
+} // namespace
+
+Spread spreadOver(std::span<const Cell> line, Millipoints width)
+{
+    const auto seen = withoutHanging(line);
+    std::array<Millipoints, 4> places{};
+    Millipoints room = width;
+    for (std::size_t i = 0; i < seen.size(); ++i) {
+        room -= seen[i].advance;
+        if (seen[i].kind == CharacterKind::Tab)
+            return {};
+        if (i + 1 == seen.size())
+            break;
+        const Gap gap = gapBetween(seen[i], seen[i + 1]);
+        room -= gap.room;
+        ++places[std::size_t(gap.stretch)];
+    }
+    if (room < 0 && seen.back().spacing == Spacing::Closing)
+        room += halfSquare; // the blank half of it hangs
+    return room > 0 ? shared(room, places) : Spread{};
+}
+
+bool isJapanese(std::span<const Cell> line)
+{
+    Millipoints japanese = 0;
+    Millipoints all = 0;
+    for (const Cell &cell : line) {
+        all += cell.advance;
+        if (spacing::isJapanese(cell.spacing))
+            japanese += cell.advance;
+    }
+    return japanese > all / 2;
+}
+
+bool setApart(std::span<const Cell> line, std::span<Glyph> glyphs, const Spread &spread)
+{
+    bool isUnread = !line.empty() && line.back().marks.isUnsaid;
+    std::size_t glyph = 0;
+    for (std::size_t i = 0; i + 1 < line.size(); ++i) {
+        glyph += line[i].glyphs;
+        const Gap gap = gapBetween(line[i], line[i + 1]);
+        const Millipoints apart = gap.room + spread[std::size_t(gap.stretch)];
+        isUnread = isUnread || line[i].marks.isUnsaid || isMisread(apart, gap.stretch);
+        if (apart != 0 && glyph > 0)
+            glyphs[glyph - 1].excess += apart;
+    }
+    return isUnread;
+}

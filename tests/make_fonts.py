@@ -1,0 +1,75 @@
+#!/usr/bin/python3
+"""Makes small fonts that no system has, one of each kind that a page may meet: make_fonts.py FOLDER"""
+import os
+import sys
+
+from fontTools.colorLib.builder import buildCOLR, buildCPAL
+from fontTools.fontBuilder import FontBuilder
+from fontTools.pens.ttGlyphPen import TTGlyphPen
+from fontTools.ttLib.tables.TupleVariation import TupleVariation
+
+
+def bar(left, right, bottom=0, top=700):
+    pen = TTGlyphPen(None)
+    if right > left:
+        pen.moveTo((left, bottom))
+        for corner in ((left, top), (right, top), (right, bottom)):
+            pen.lineTo(corner)
+        pen.closePath()
+    return pen.glyph()
+
+
+def left(glyph):
+    return min((x for x, _ in glyph.coordinates), default=0) if glyph.numberOfContours else 0
+
+
+def font(family, glyphs, advances=None):
+    """`glyphs` by their characters; None stands for the one that is missing."""
+    made = FontBuilder(1000, isTTF=True)
+    names = {c: ".notdef" if c is None else f"u{c:X}" for c in (None, *glyphs)}
+    made.setupGlyphOrder([*names.values(), "red", "blue"])
+    made.setupCharacterMap({c: name for c, name in names.items() if c is not None})
+    shapes = {names[c]: glyph for c, glyph in glyphs.items()}
+    shapes.update({".notdef": bar(0, 0), "red": bar(0, 300), "blue": bar(300, 600)})
+    made.setupGlyf(shapes)
+    made.setupHorizontalMetrics({name: ((advances or {}).get(name, 1000), left(shape))
+                                 for name, shape in shapes.items()})
+    made.setupHorizontalHeader(ascent=800, descent=-200)
+    made.setupNameTable({"familyName": family, "styleName": "Regular"})
+    made.setupOS2(sTypoAscender=800, sTypoDescender=-200, usWinAscent=800, usWinDescent=200)
+    made.setupPost()
+    return made
+
+
+def painted(family, character, version):
+    made = font(family, {character: bar(0, 0)})
+    layers = [("red", 0), ("blue", 1)] if version == 0 else {
+        "Format": 1, "Layers": [{"Format": 10, "Glyph": name, "Paint": {"Format": 2, "PaletteIndex": i}}
+                                for i, name in enumerate(("red", "blue"))]}
+    made.font["COLR"] = buildCOLR({f"u{character:X}": layers}, version=version)
+    made.font["CPAL"] = buildCPAL([[(1, 0, 0, 1), (0, 0, 1, 0.5)]])
+    return made
+
+
+def variable(family, character):
+    made = font(family, {character: bar(0, 100)})
+    made.font["OS/2"].usWeightClass = 100
+    made.setupFvar([("wght", 100, 100, 900, "Weight")], [
+        {"location": {"wght": 100}, "stylename": "Thin"}, {"location": {"wght": 400}, "stylename": "Regular"}])
+    wider = [(0, 0), (0, 0), (800, 0), (800, 0), (0, 0), (800, 0), (0, 0), (0, 0)]
+    made.setupGvar({f"u{character:X}": [TupleVariation({"wght": (0, 1, 1)}, wider)]})
+    return made
+
+
+FONTS = {
+    "layers": painted("Layers", 0xE000, 0),
+    "painted": painted("Painted", 0x1F600, 1),
+    "variable": variable("Variable", 0xE001),
+    # As fonts for Japanese have marks: as wide as a letter, and in no way known to be marks.
+    "marks": font("Marks", {ord("q"): bar(100, 400, 0, 400), 0x302: bar(100, 400, 600, 700)},
+                  {"u71": 500, "u302": 500}),
+    "low": font("Low", {ord("x"): bar(100, 400, 0, 400)}),
+}
+
+for name, made in FONTS.items():
+    made.save(os.path.join(sys.argv[1], name + ".ttf"))
