@@ -276,7 +276,10 @@ private slots:
         PrintSystem system(m_socket);
         PdfProgress progress;
         system.onDocument = [&] { progress.cancelled = true; };
-        const PrintOutcome outcome = print(QString(1'000'000, u'あ'), {}, {.queue = u"office"_s}, progress);
+        QString text; // of which a document can't be made small
+        for (char16_t i = 0; i < 3000; ++i)
+            text += QChar(u'一' + i * 7);
+        const PrintOutcome outcome = print(text.repeated(5), {}, {.queue = u"office"_s}, progress);
         system.end();
         QCOMPARE(outcome.result, PdfResult::Cancelled);
         QCOMPARE(system.asked[IPP_OP_CANCEL_JOB]["job-id"], "7");
