@@ -86,11 +86,15 @@ private:
         std::unique_lock lock(mutex);
         std::condition_variable_any clock;
         const auto never = [] { return false; };
-        for (; !ends.stop_requested(); clock.wait_for(lock, ends, 20ms, never)) {
+        for (;;) {
+            const bool isLast = ends.stop_requested();
             const auto pages = std::uint32_t(progress.pages.load());
             report.share = std::uint32_t(progress.share * whole);
             if (std::exchange(report.pages, pages) != pages)
                 send(report);
+            if (isLast)
+                break;
+            clock.wait_for(lock, ends, 20ms, never);
         }
     }
 
