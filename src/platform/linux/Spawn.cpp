@@ -63,6 +63,7 @@ std::vector<Descriptor> copies(const std::vector<int> &files)
 {
     const int outOfTheWay = STDERR_FILENO + 1 + int(files.size());
     std::vector<Descriptor> all;
+    all.reserve(files.size());
     for (const int file : files)
         all.emplace_back(::fcntl(file, F_DUPFD_CLOEXEC, outOfTheWay));
     return all;
