@@ -207,6 +207,7 @@ class Journey(unittest.TestCase):
         downloads.mkdir()
         wait_for(lambda: self.find("text", "テキスト").getState().contains(pyatspi.STATE_FOCUSED))
         keys("a", "b", "c")
+        wait_for(lambda: self.shown_text().startswith("abc"))
         self.press("button", "簡易PDF")
         window("印刷")
         keys("Escape")
