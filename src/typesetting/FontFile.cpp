@@ -112,10 +112,12 @@ void FontFile::vary(unsigned instance, const std::string &variations)
     auto count = unsigned(axes.size());
     hb_ot_var_get_axis_infos(face(), 0, &count, axes.data());
     std::vector<float> places;
+    places.reserve(axes.size());
     for (const hb_ot_var_axis_info_t &axis : axes)
         places.push_back(axis.default_value);
     if (instance > 0)
         hb_ot_var_named_instance_get_design_coords(face(), instance - 1, &count, places.data());
+    m_variations.reserve(axes.size());
     for (std::size_t i = 0; i < axes.size(); ++i)
         m_variations.push_back({axes[i].tag, places[i]});
     std::istringstream all(variations);
