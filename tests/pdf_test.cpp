@@ -472,13 +472,13 @@ private slots:
     void cancellingIsAnsweredSoon()
     {
         QString heaps;
-        for (char16_t i = 0; i < 40'000; ++i)
+        for (char16_t i = 0; i < 60'000; ++i)
             heaps += QChar(u'a' + i % 26) + QString(12, QChar(0x300 + i % 0x70)) + QChar(0x300 + i % 0x61);
-        for (const QString &text : {heaps, QString(2'000'000, QChar(0x200d)), prose().repeated(500)}) {
+        for (const QString &text : {heaps, QString(8'000'000, QChar(0x200d)), prose().repeated(4000)}) {
             PdfProgress progress;
             QElapsedTimer clock;
-            std::thread impatient([&] {
-                QTest::qSleep(100);
+            std::jthread impatient([&] {
+                QTest::qSleep(30);
                 clock.start();
                 progress.cancelled = true;
             });
