@@ -261,12 +261,11 @@ private slots:
             return words().front().second.width();
         };
         QCOMPARE(width(u"가\u11ab가\u11ab"_s), width(u"간간"_s));
-        QString heaps; // of what nobody sees, so that one glyph stands for ever new texts
-        for (char32_t i = 0; i < 20'000; ++i) {
-            const char32_t cluster[]{U'日', 0xe0100 + i % 200, 0xe0100 + i / 200};
-            heaps += QString::fromUcs4(cluster, 3);
-        }
-        QCOMPARE(width(heaps) > 0, true);
+        QString heaps; // of marks, so that one glyph stands for ever new texts
+        for (char16_t i = 0; i < 21 * 21 * 21; ++i)
+            heaps += u"ω\u0314\u0342\u0345"_s + QChar(0x300 + i % 21) + QChar(0x300 + i / 21 % 21)
+                + QChar(0x300 + i / 441) + u"\u0301"_s;
+        QCOMPARE(write(heaps), PdfResult::Written);
         QVERIFY(withoutBlanks(read({u"-raw"_s})) == heaps);
         QVERIFY(contentOf(m_file).size() < 400'000);
     }
@@ -459,14 +458,14 @@ private slots:
 
     void noTextTakesForEver()
     {
+        QCOMPARE(write(u"\f"_s.repeated(100'000) + u"a"_s), PdfResult::Written);
+        QVERIFY(contentOf(m_file).size() < 1'500'000);
+        QVERIFY(isSound());
+        QCOMPARE(write(u"a"_s, {.copies = 10'000'000}), PdfResult::Failed); // no reader takes so many pages
         QElapsedTimer clock;
         clock.start();
-        QCOMPARE(write(u"\f"_s.repeated(200'000) + u"a"_s), PdfResult::Written);
-        QVERIFY(contentOf(m_file).size() < 3'000'000);
-        QVERIFY(isSound());
-        QCOMPARE(write(u"א"_s + u"(a"_s.repeated(150'000)), PdfResult::Written);
-        QCOMPARE(write(u"a"_s, {.copies = 10'000'000}), PdfResult::Failed); // no reader takes so many pages
-        QVERIFY2(clock.elapsed() < 15'000, QByteArray::number(clock.elapsed()));
+        QCOMPARE(write(u"א"_s + u"(a"_s.repeated(200'000)), PdfResult::Written);
+        QVERIFY2(clock.elapsed() < 5'000, QByteArray::number(clock.elapsed()));
     }
 
     void cancellingIsAnsweredSoon()
