@@ -68,7 +68,7 @@ FONTS = {
     "painted": painted("Painted", 0x1F600, 1),
     "variable": variable("Variable", 0xE001),
     # As fonts for Japanese have marks: as wide as a letter, and in no way known to be marks.
-    "marks": font("Marks", {ord("q"): bar(100, 400, 0, 400), 0x302: bar(500, 800, 600, 700)},
+    "marks": font("Marks", {ord("q"): bar(100, 400, 0, 400), 0x301: bar(300, 800, 600, 700), 0x302: bar(300, 800, 600, 700)},
                   {"u71": 500}),
     "low": font("Low", {ord("x"): bar(100, 400, 0, 400)}),
 }

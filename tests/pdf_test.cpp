@@ -225,8 +225,8 @@ private slots:
         QVERIFY(colouredIn(page()) > 20);                 // from the next font
         QCOMPARE(write(u"\ue001"_s), PdfResult::Written); // which is 0.1 wide where it is thin
         QVERIFY(qAbs(whereDark(page(300)).width() - 20) < 2);
-        QCOMPARE(write(u"qq\u0302q"_s, {.fontFamily = "Marks"}), PdfResult::Written);
-        QCOMPARE(withoutBlanks(read({})), u"qq\u0302q"_s);
+        QCOMPARE(write(u"q\u0302\u0301 q\u0301"_s, {.fontFamily = "Marks"}), PdfResult::Written);
+        QCOMPARE(withoutBlanks(read({})), u"q\u0302\u0301q\u0301"_s);
     }
 
     void pagesOfBoxesAreRefused()
@@ -464,7 +464,7 @@ private slots:
         QCOMPARE(write(u"a"_s, {.copies = 10'000'000}), PdfResult::Failed); // no reader takes so many pages
         QElapsedTimer clock;
         clock.start();
-        QCOMPARE(write(u"א"_s + u"(a"_s.repeated(200'000)), PdfResult::Written);
+        QCOMPARE(write(u"א"_s + u"(a"_s.repeated(300'000)), PdfResult::Written);
         QVERIFY2(clock.elapsed() < 5'000, QByteArray::number(clock.elapsed()));
     }
 
