@@ -36,20 +36,31 @@ def fonts(all_objects):
     return found
 
 
-TOKEN = re.compile(rb"/(F\d+) [\d.]+ Tf|\[((?:[^\]()]|\((?:[^\\()]|\\.)*\))*)\]TJ|( Td)", re.S)
+TOKEN = re.compile(rb"/ActualText\(((?:[^\\()]|\\.)*)\)>>BDC|( EMC)|/(F\d+) [\d.]+ Tf"
+                   rb"|\[((?:[^\]()]|\((?:[^\\()]|\\.)*\))*)\]TJ|( Td)", re.S)
 STRING = re.compile(rb"\(((?:[^\\()]|\\.)*)\)", re.S)
 
 
+def plain(string):
+    return re.sub(rb"\\(.)", lambda m: b"\r" if m[1] == b"r" else m[1], string, flags=re.S)
+
+
 def page_text(content, all_fonts):
-    parts, font = [], None
-    for name, array, line in TOKEN.findall(content):
-        if name:
+    parts, font, said = [], None, False
+    for match in TOKEN.finditer(content):
+        saying, end, name, array, line = match.groups()
+        if saying is not None:
+            said = True
+            parts.append(plain(saying).decode("utf-16", "replace"))
+        elif end:
+            said = False
+        elif name:
             font = all_fonts[name]
         elif line:
             parts.append("\n")
-        else:
+        elif not said:
             for string in STRING.findall(array):
-                codes = re.sub(rb"\\(.)", lambda m: b"\r" if m[1] == b"r" else m[1], string, flags=re.S)
+                codes = plain(string)
                 length, texts = font
                 parts += [texts.get(codes[i:i + length], "") for i in range(0, len(codes), length)]
     return "".join(parts)

@@ -27,10 +27,10 @@ def font(family, glyphs, advances=None):
     """`glyphs` by their characters; None stands for the one that is missing."""
     made = FontBuilder(1000, isTTF=True)
     names = {c: ".notdef" if c is None else f"u{c:X}" for c in (None, *glyphs)}
-    made.setupGlyphOrder([*names.values(), "red", "blue"])
+    made.setupGlyphOrder([*names.values(), "red", "blue", "wide"])
     made.setupCharacterMap({c: name for c, name in names.items() if c is not None})
     shapes = {names[c]: glyph for c, glyph in glyphs.items()}
-    shapes.update({".notdef": bar(0, 0), "red": bar(0, 300), "blue": bar(300, 600)})
+    shapes.update({".notdef": bar(0, 0), "red": bar(0, 300), "blue": bar(300, 600), "wide": bar(0, 600)})
     made.setupGlyf(shapes)
     made.setupHorizontalMetrics({name: ((advances or {}).get(name, 1000), left(shape))
                                  for name, shape in shapes.items()})
@@ -43,9 +43,11 @@ def font(family, glyphs, advances=None):
 
 def painted(family, character, version):
     made = font(family, {character: bar(0, 0)})
+    # From red to blue, in version 1.
+    line = {"Extend": "pad", "ColorStop": [{"StopOffset": i, "PaletteIndex": i, "Alpha": 1} for i in (0, 1)]}
     layers = [("red", 0), ("blue", 1)] if version == 0 else {
-        "Format": 1, "Layers": [{"Format": 10, "Glyph": name, "Paint": {"Format": 2, "PaletteIndex": i}}
-                                for i, name in enumerate(("red", "blue"))]}
+        "Format": 10, "Glyph": "wide", "Paint": {"Format": 4, "ColorLine": line, "x0": 100, "y0": 0, "x1": 500,
+                                                 "y1": 0, "x2": 100, "y2": 100}}
     made.font["COLR"] = buildCOLR({f"u{character:X}": layers}, version=version)
     made.font["CPAL"] = buildCPAL([[(1, 0, 0, 1), (0, 0, 1, 0.5)]])
     return made
@@ -66,8 +68,8 @@ FONTS = {
     "painted": painted("Painted", 0x1F600, 1),
     "variable": variable("Variable", 0xE001),
     # As fonts for Japanese have marks: as wide as a letter, and in no way known to be marks.
-    "marks": font("Marks", {ord("q"): bar(100, 400, 0, 400), 0x302: bar(100, 400, 600, 700)},
-                  {"u71": 500, "u302": 500}),
+    "marks": font("Marks", {ord("q"): bar(100, 400, 0, 400), 0x301: bar(300, 800, 600, 700), 0x302: bar(300, 800, 600, 700)},
+                  {"u71": 500}),
     "low": font("Low", {ord("x"): bar(100, 400, 0, 400)}),
 }
 

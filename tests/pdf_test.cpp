@@ -225,8 +225,8 @@ private slots:
         QVERIFY(colouredIn(page()) > 20);                 // from the next font
         QCOMPARE(write(u"\ue001"_s), PdfResult::Written); // which is 0.1 wide where it is thin
         QVERIFY(qAbs(whereDark(page(300)).width() - 20) < 2);
-        QCOMPARE(write(u"qq\u0302q"_s, {.fontFamily = "Marks"}), PdfResult::Written);
-        QCOMPARE(withoutBlanks(read({})), u"qq\u0302q"_s);
+        QCOMPARE(write(u"q\u0302\u0301 q\u0301"_s, {.fontFamily = "Marks"}), PdfResult::Written);
+        QCOMPARE(withoutBlanks(read({})), u"q\u0302\u0301q\u0301"_s);
     }
 
     void pagesOfBoxesAreRefused()
@@ -261,12 +261,11 @@ private slots:
             return words().front().second.width();
         };
         QCOMPARE(width(u"가\u11ab가\u11ab"_s), width(u"간간"_s));
-        QString heaps; // of what nobody sees, so that one glyph stands for ever new texts
-        for (char32_t i = 0; i < 20'000; ++i) {
-            const char32_t cluster[]{U'日', 0xe0100 + i % 200, 0xe0100 + i / 200};
-            heaps += QString::fromUcs4(cluster, 3);
-        }
-        QCOMPARE(width(heaps) > 0, true);
+        QString heaps; // of marks, so that one glyph stands for ever new texts
+        for (char16_t i = 0; i < 21 * 21 * 21; ++i)
+            heaps += u"ω\u0314\u0342\u0345"_s + QChar(0x300 + i % 21) + QChar(0x300 + i / 21 % 21)
+                + QChar(0x300 + i / 441) + u"\u0301"_s;
+        QCOMPARE(write(heaps), PdfResult::Written);
         QVERIFY(withoutBlanks(read({u"-raw"_s})) == heaps);
         QVERIFY(contentOf(m_file).size() < 400'000);
     }
@@ -458,26 +457,26 @@ private slots:
 
     void noTextTakesForEver()
     {
+        QCOMPARE(write(u"\f"_s.repeated(100'000) + u"a"_s), PdfResult::Written);
+        QVERIFY(contentOf(m_file).size() < 1'500'000);
+        QVERIFY(isSound());
+        QCOMPARE(write(u"a"_s, {.copies = 10'000'000}), PdfResult::Failed); // no reader takes so many pages
         QElapsedTimer clock;
         clock.start();
-        QCOMPARE(write(u"\f"_s.repeated(200'000) + u"a"_s), PdfResult::Written);
-        QVERIFY(contentOf(m_file).size() < 3'000'000);
-        QVERIFY(isSound());
-        QCOMPARE(write(u"א"_s + u"(a"_s.repeated(150'000)), PdfResult::Written);
-        QCOMPARE(write(u"a"_s, {.copies = 10'000'000}), PdfResult::Failed); // no reader takes so many pages
-        QVERIFY2(clock.elapsed() < 15'000, QByteArray::number(clock.elapsed()));
+        QCOMPARE(write(u"א"_s + u"(a"_s.repeated(300'000)), PdfResult::Written);
+        QVERIFY2(clock.elapsed() < 5'000, QByteArray::number(clock.elapsed()));
     }
 
     void cancellingIsAnsweredSoon()
     {
         QString heaps;
-        for (char16_t i = 0; i < 40'000; ++i)
+        for (char16_t i = 0; i < 60'000; ++i)
             heaps += QChar(u'a' + i % 26) + QString(12, QChar(0x300 + i % 0x70)) + QChar(0x300 + i % 0x61);
-        for (const QString &text : {heaps, QString(2'000'000, QChar(0x200d)), prose().repeated(500)}) {
+        for (const QString &text : {heaps, QString(8'000'000, QChar(0x200d)), prose().repeated(4000)}) {
             PdfProgress progress;
             QElapsedTimer clock;
-            std::thread impatient([&] {
-                QTest::qSleep(100);
+            std::jthread impatient([&] {
+                QTest::qSleep(30);
                 clock.start();
                 progress.cancelled = true;
             });

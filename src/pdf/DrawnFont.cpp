@@ -1,6 +1,6 @@
 #include "pdf/DrawnFont.h"
 
-#include "pdf/GlyphDrawing.h"
+#include "pdf/GlyphPainting.h"
 #include "pdf/PdfImage.h"
 #include "pdf/PdfStream.h"
 
@@ -48,7 +48,7 @@ QPDFObjectHandle drawnFont(const DocumentFonts::Font &font, Pictures &pictures)
 {
     QPDF &document = pictures.document;
     QPDFObjectHandle images = QPDFObjectHandle::newDictionary();
-    QPDFObjectHandle states = QPDFObjectHandle::newDictionary();
+    QPDFObjectHandle resources = QPDFObjectHandle::newDictionary();
     QPDFObjectHandle procedures = QPDFObjectHandle::newDictionary();
     QPDFObjectHandle differences = QPDFObjectHandle::newArray();
     QPDFObjectHandle widths = QPDFObjectHandle::newArray();
@@ -59,9 +59,6 @@ QPDFObjectHandle drawnFont(const DocumentFonts::Font &font, Pictures &pictures)
         std::string drawing = number(advance) + " 0 d0";
         if (glyph == DocumentFonts::missing) {
             drawing = boxDrawing(advance);
-        } else if (font.file->glyphs() == FontFile::Glyphs::Layers && glyph != DocumentFonts::nothing) {
-            drawing += ' ';
-            appendLayers(drawing, *font.file, glyph, pictures.grey, states);
         } else if (font.file->glyphs() == FontFile::Glyphs::Pictures) {
             QPDFObjectHandle &image = pictures.embedded[{font.file, glyph}];
             if (!image.isInitialized())
@@ -70,6 +67,8 @@ QPDFObjectHandle drawnFont(const DocumentFonts::Font &font, Pictures &pictures)
                 images.replaceKey("/P" + std::to_string(glyph), image);
                 drawing = imageDrawing(*font.file, glyph);
             }
+        } else if (font.file->isDrawn() && glyph != DocumentFonts::nothing) {
+            appendGlyph(drawing += ' ', *font.file, glyph, pictures.grey, resources);
         }
         const std::string name = "/g" + std::to_string(code);
         procedures.replaceKey(name, pdfStream(document, drawing));
@@ -87,12 +86,12 @@ QPDFObjectHandle drawnFont(const DocumentFonts::Font &font, Pictures &pictures)
 
     QPDFObjectHandle made = QPDFObjectHandle::parse("<</Type /Font /Subtype /Type3 /FontBBox [0 -300 1300 "
                                                     "1000] /FontMatrix [0.001 0 0 0.001 0 0] /FirstChar 0 "
-                                                    "/Encoding <</Type /Encoding>> /Resources <<>> >>");
+                                                    "/Encoding <</Type /Encoding>> >>");
     made.replaceKey("/LastChar", QPDFObjectHandle::newInteger(letterM));
     made.replaceKey("/Widths", widths);
     made.replaceKey("/CharProcs", procedures);
     made.getKey("/Encoding").replaceKey("/Differences", differences);
-    made.getKey("/Resources").replaceKey("/XObject", images);
-    made.getKey("/Resources").replaceKey("/ExtGState", states);
+    resources.replaceKey("/XObject", images);
+    made.replaceKey("/Resources", resources);
     return document.makeIndirectObject(made);
 }

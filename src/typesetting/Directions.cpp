@@ -25,10 +25,8 @@ void Directions::setParagraph(const Paragraph &paragraph)
     m_begin = m_end = 0;
 }
 
-std::uint8_t Directions::levelAt(std::size_t unit)
+std::uint8_t Directions::levelInText(std::size_t unit)
 {
-    if (m_text.empty())
-        return 0;
     if (unit >= m_end)
         lookAt(unit);
     return m_levels ? m_levels[unit - m_begin] : m_base;

@@ -16,7 +16,7 @@ public:
     void setParagraph(const Paragraph &paragraph);
 
     std::uint8_t base() const { return m_base; }
-    std::uint8_t levelAt(std::size_t unit);
+    std::uint8_t levelAt(std::size_t unit) { return m_text.empty() ? 0 : levelInText(unit); }
     /// The end of the stretch around `unit` that runs one way.
     std::size_t endOfRun(std::size_t unit);
 
@@ -28,6 +28,7 @@ private:
         void operator()(UBiDi *bidi) const { ubidi_close(bidi); }
     };
 
+    std::uint8_t levelInText(std::size_t unit);
     std::size_t pieceEnd(std::size_t from) const;
     void lookAt(std::size_t from);
 

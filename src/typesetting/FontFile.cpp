@@ -17,7 +17,7 @@ bool hasTable(hb_face_t *face, const char *name)
     return hb_blob_get_length(table.get()) > 0;
 }
 
-// The version of the table of painted glyphs; nothing where it has none that are painted so.
+// With gradients and the like: version 1 of the table for colours.
 bool isPainted(hb_face_t *face)
 {
     const HarfBuzz<hb_blob_t> table(hb_face_reference_table(face, HB_TAG('C', 'O', 'L', 'R')));
@@ -32,8 +32,11 @@ std::optional<FontFile::Glyphs> kindOfGlyphs(hb_face_t *face)
 {
     if (hb_ot_color_has_png(face))
         return FontFile::Glyphs::Pictures;
-    if (isPainted(face))
+    if (isPainted(face)) {
+        if (HB_VERSION_ATLEAST(7, 0, 0)) // which can tell how
+            return FontFile::Glyphs::Painted;
         return {};
+    }
     if (hb_ot_color_has_layers(face))
         return FontFile::Glyphs::Layers;
     if (hasTable(face, "CFF "))
@@ -112,10 +115,12 @@ void FontFile::vary(unsigned instance, const std::string &variations)
     auto count = unsigned(axes.size());
     hb_ot_var_get_axis_infos(face(), 0, &count, axes.data());
     std::vector<float> places;
+    places.reserve(axes.size());
     for (const hb_ot_var_axis_info_t &axis : axes)
         places.push_back(axis.default_value);
     if (instance > 0)
         hb_ot_var_named_instance_get_design_coords(face(), instance - 1, &count, places.data());
+    m_variations.reserve(axes.size());
     for (std::size_t i = 0; i < axes.size(); ++i)
         m_variations.push_back({axes[i].tag, places[i]});
     std::istringstream all(variations);

@@ -35,10 +35,10 @@ public:
     hb_face_t *face() const { return m_face.get(); }
     hb_font_t *font() const { return m_font.get(); }
 
-    enum class Glyphs { TrueType, PostScript, Pictures, Layers };
+    enum class Glyphs { TrueType, PostScript, Pictures, Layers, Painted };
     Glyphs glyphs() const { return m_glyphs; }
     /// Whether only the document can draw them: what they are made of isn't what a font embeds.
-    bool isDrawn() const { return m_glyphs == Glyphs::Pictures || m_glyphs == Glyphs::Layers; }
+    bool isDrawn() const { return m_glyphs >= Glyphs::Pictures; }
 
     /// Where on each of its axes a variable font is taken.
     const std::vector<hb_variation_t> &variations() const { return m_variations; }

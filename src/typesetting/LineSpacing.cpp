@@ -5,7 +5,8 @@
 namespace {
 
 constexpr std::size_t any = std::size_t(Stretch::Any);
-constexpr std::size_t boundary = std::size_t(Stretch::WesternBoundary);
+constexpr Millipoints step = square / 1000; // whole numbers are short ones
+constexpr Millipoints invisible = 100;
 
 std::span<const Cell> withoutHanging(std::span<const Cell> line)
 {
@@ -18,15 +19,15 @@ std::span<const Cell> withoutHanging(std::span<const Cell> line)
 Spread shared(Millipoints room, const std::array<Millipoints, 4> &places)
 {
     Spread spread{};
-    Millipoints all = 0;
-    for (std::size_t i = 0; i < boundary; ++i) {
+    for (std::size_t i = 0; i < any; ++i) {
         if (places[i] > 0)
-            spread[i] = std::min(room / places[i], quarterSquare);
+            spread[i] = std::min(room / places[i] / step * step, quarterSquare);
         room -= spread[i] * places[i];
-        all += places[i];
     }
-    all += places[any] + places[boundary];
-    const Millipoints each = all > 0 ? room / all : 0;
+    const Millipoints all = places[0] + places[1] + places[any];
+    if (room < invisible || all == 0)
+        return spread;
+    const Millipoints each = room / all;
     if (each > quarterSquare)
         return {}; // that would tear it apart
     for (std::size_t i = 0; i <= any; ++i)
@@ -71,14 +72,17 @@ bool isJapanese(std::span<const Cell> line)
 bool setApart(std::span<const Cell> line, std::span<Glyph> glyphs, const Spread &spread)
 {
     bool isUnread = !line.empty() && line.back().marks.isUnsaid;
-    std::size_t glyph = 0;
+    const Glyph *end = glyphs.data() + glyphs.size();
+    Glyph *next = glyphs.data();
     for (std::size_t i = 0; i + 1 < line.size(); ++i) {
-        glyph += line[i].glyphs;
+        next += line[i].glyphs;
         const Gap gap = gapBetween(line[i], line[i + 1]);
         const Millipoints apart = gap.room + spread[std::size_t(gap.stretch)];
-        isUnread = isUnread || line[i].marks.isUnsaid || isMisread(apart, gap.stretch);
-        if (apart != 0 && glyph > 0)
-            glyphs[glyph - 1].excess += apart;
+        isUnread = isUnread || line[i].marks.isUnsaid;
+        if (apart == 0 || next == end)
+            continue;
+        next[-1].excess += apart;
+        isUnread = isUnread || isMisread(apart, gap.stretch);
     }
     return isUnread;
 }

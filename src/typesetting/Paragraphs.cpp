@@ -2,6 +2,14 @@
 
 namespace {
 
+constexpr char16_t firstThatRunsLeft = 0x590;
+
+// Most of Japanese is neither the end of a paragraph nor run to the left: that is found out first.
+bool isBetween(char16_t c)
+{
+    return c > 0x2069 && c < 0xd802;
+}
+
 bool endsParagraph(char16_t c)
 {
     return (c >= u'\n' && c <= u'\r') || c == 0x85 || c == 0x2028 || c == 0x2029;
@@ -11,9 +19,10 @@ bool endsParagraph(char16_t c)
 // surrogates), and the characters that order a direction.
 bool mayRunLeft(char16_t c)
 {
-    return (c >= 0x590 && c < 0x900) || (c >= 0xfb1d && c <= 0xfeff) || (c >= 0xd802 && c <= 0xd803)
-        || (c >= 0xd83a && c <= 0xd83b) || c == 0x200f || (c >= 0x202a && c <= 0x202e)
-        || (c >= 0x2066 && c <= 0x2069);
+    return c >= firstThatRunsLeft
+        && (c < 0x900 || (c >= 0xfb1d && c <= 0xfeff) || (c >= 0xd802 && c <= 0xd803)
+            || (c >= 0xd83a && c <= 0xd83b) || c == 0x200f || (c >= 0x202a && c <= 0x202e)
+            || (c >= 0x2066 && c <= 0x2069));
 }
 
 } // namespace
@@ -22,8 +31,14 @@ Paragraph paragraphAt(std::u16string_view text, std::size_t from)
 {
     Paragraph paragraph;
     std::size_t end = from;
-    for (; end < text.size() && !endsParagraph(text[end]); ++end)
-        paragraph.maybeRightToLeft = paragraph.maybeRightToLeft || mayRunLeft(text[end]);
+    for (; end < text.size(); ++end) {
+        const char16_t c = text[end];
+        if (isBetween(c)) [[likely]]
+            continue;
+        if (endsParagraph(c))
+            break;
+        paragraph.maybeRightToLeft = paragraph.maybeRightToLeft || mayRunLeft(c);
+    }
     paragraph.text = text.substr(from, end - from);
     paragraph.next = end;
     if (end < text.size()) {

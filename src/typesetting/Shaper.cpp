@@ -141,8 +141,16 @@ std::size_t Shaper::shapeNext(std::u16string_view text, std::size_t from, std::s
     const bool alone =
         (seen && !joined && level % 2 == 0) || character.kind == Invisible || character.kind == Tab;
     if (alone) [[likely]] {
-        to.cells.push_back({character.font, std::uint32_t(length), 1, character.advance, character.kind,
-                            level, character.spacing, character.marks});
+        // In place: to copy what has just been put together from bytes would take longer than all the rest.
+        Cell &cell = to.cells.emplace_back();
+        cell.font = character.font;
+        cell.length = std::uint32_t(length);
+        cell.glyphs = 1;
+        cell.advance = character.advance;
+        cell.kind = character.kind;
+        cell.level = level;
+        cell.spacing = character.spacing;
+        cell.marks = character.marks;
         to.glyphs.push_back(character.glyph);
         return length;
     }
