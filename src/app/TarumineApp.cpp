@@ -6,6 +6,7 @@
 #include "app/SettingsWindow.h"
 #include "platform/ApplicationFolders.h"
 #include "platform/Process.h"
+#include "view/ClearStyle.h"
 #include "view/Modifiers.h"
 #include "view/Notice.h"
 #include "view/Unwinding.h"
@@ -23,7 +24,8 @@ int TarumineApp::main(int argc, char *argv[])
     QApplication::setApplicationVersion(QStringLiteral(TARUMINE_VERSION));
     QApplication::setDesktopFileName(QStringLiteral(TARUMINE_APPLICATION_ID));
     adoptJapaneseLocale();
-    const QApplication application(argc, argv);
+    QApplication::setStyle(new ClearStyle);
+    const JapaneseApplication application(argc, argv);
     installJapaneseTexts();
 
     TarumineApp app;
