@@ -24,8 +24,8 @@ int TarumineApp::main(int argc, char *argv[])
     QApplication::setApplicationVersion(QStringLiteral(TARUMINE_VERSION));
     QApplication::setDesktopFileName(QStringLiteral(TARUMINE_APPLICATION_ID));
     adoptJapaneseLocale();
-    QApplication::setStyle(new ClearStyle);
     const JapaneseApplication application(argc, argv);
+    QApplication::setStyle(new ClearStyle); // of the desktop's, which is known by now
     installJapaneseTexts();
 
     TarumineApp app;

@@ -9,7 +9,7 @@
 namespace {
 
 constexpr double outlineContrast = 3.8; // Fusion draws some a little lighter
-constexpr double focusContrast = 3;
+constexpr double focusContrast = 3.3;
 constexpr double textContrast = 4.5;
 constexpr double madeForContrast = 20;
 
@@ -80,18 +80,22 @@ void ClearStyle::polish(QPalette &palette)
     }
 }
 
-// Fusion outlines in a darker shade of the window: made of the colour that it is to become.
+// Fusion outlines in a darker shade of the window, and what has the focus in one of the highlight: they are
+// made of the colours that they are to become.
 QPalette ClearStyle::outlined(const QPalette &palette) const
 {
     constexpr qsizetype most = 64;
     const auto known = m_outlined.constFind(palette.cacheKey());
     if (known != m_outlined.constEnd())
         return *known;
-    const QColor window = palette.color(QPalette::Window);
-    const QColor outline = standingOut(window, palette.color(QPalette::WindowText), outlineContrast,
-                                       {window, palette.color(QPalette::Base)});
+    const QColor window = palette.color(QPalette::Window), text = palette.color(QPalette::WindowText);
+    const std::initializer_list<QColor> grounds{window, palette.color(QPalette::Base)};
+    const QColor outline = standingOut(window, text, outlineContrast, grounds);
+    const QColor focus =
+        standingOut(palette.color(QPalette::Highlight).darker(125), text, focusContrast, grounds);
     QPalette changed = palette;
     changed.setColor(QPalette::Window, outline.lighter(140));
+    changed.setColor(QPalette::Highlight, focus.lighter(125));
     if (m_outlined.size() >= most)
         m_outlined.clear();
     return *m_outlined.insert(palette.cacheKey(), changed);
@@ -100,6 +104,8 @@ QPalette ClearStyle::outlined(const QPalette &palette) const
 void ClearStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
                                const QWidget *widget) const
 {
+    if (element == PE_FrameFocusRect && isOurs(option->palette))
+        return drawFocus(*option, *painter);
     if (!hasOutline(element) || !isOurs(option->palette))
         return QProxyStyle::drawPrimitive(element, option, painter, widget);
     // The kinds of option differ in what follows the palette, so it is the palette of this one that
@@ -109,6 +115,16 @@ void ClearStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *opt
     changing->palette = outlined(before);
     QProxyStyle::drawPrimitive(element, option, painter, widget);
     changing->palette = before;
+}
+
+// Fusion's is a tint of the ground.
+void ClearStyle::drawFocus(const QStyleOption &option, QPainter &painter) const
+{
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(outlined(option.palette).color(QPalette::Highlight).darker(125));
+    painter.drawRoundedRect(QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5), 2, 2);
+    painter.restore();
 }
 
 void ClearStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex *option,

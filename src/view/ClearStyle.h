@@ -22,6 +22,7 @@ public:
 
 private:
     bool isOurs(const QPalette &palette) const;
+    void drawFocus(const QStyleOption &option, QPainter &painter) const;
     QPalette outlined(const QPalette &palette) const;
 
     mutable QHash<qint64, QPalette> m_outlined; // by what they were made of
