@@ -18,6 +18,19 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+// In all sizes in which somebody may show it.
+QIcon ownIcon()
+{
+    QIcon icon;
+    for (const int size : {16, 22, 32, 48, 64, 128})
+        icon.addFile(u":/icons/app-%1.png"_s.arg(size));
+    return icon;
+}
+
+} // namespace
+
 int TarumineApp::main(int argc, char *argv[])
 {
     QApplication::setApplicationName(u"tarumine"_s);
@@ -31,7 +44,7 @@ int TarumineApp::main(int argc, char *argv[])
     TarumineApp app;
     app.newWindow();
     // Not needed for the first picture of the window, so it follows after it.
-    QTimer::singleShot(0, [] { QApplication::setWindowIcon(QIcon(u":/icons/app-64.png"_s)); });
+    QTimer::singleShot(0, [] { QApplication::setWindowIcon(ownIcon()); });
     const int status = QApplication::exec();
     // The windows and Qt go in order, unless something holds them up.
     Process::endWithin(std::chrono::milliseconds(500), status);
