@@ -155,7 +155,7 @@ class Journey(unittest.TestCase):
         before = self.value("separator", "サイドバーの境界")[1]
         keys("Right")
         wait_for(lambda: self.value("separator", "サイドバーの境界")[1] == before + 10)
-        keys("shift+Tab", "Down", "Right", "Down")
+        keys("shift+Tab", "Down", "Down", "Right", "Down")
         row = self.find("table cell", "サブフォルダB1")
         self.assertEqual(row.description, "レベル 2")
         wait_for(lambda: row.getState().contains(pyatspi.STATE_SELECTED))
