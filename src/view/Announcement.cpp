@@ -33,8 +33,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 class Notification : public QWidget {
-    Q_OBJECT
-
 public:
     Notification(const QString &what, QWidget *window)
         : QWidget(window)
@@ -50,7 +48,7 @@ public:
 
 QAccessibleInterface *notificationAccessible(const QString &, QObject *object)
 {
-    auto *notification = qobject_cast<Notification *>(object);
+    auto *notification = dynamic_cast<Notification *>(object);
     return notification ? new QAccessibleWidget(notification, QAccessible::Notification) : nullptr;
 }
 
@@ -75,8 +73,6 @@ void say(const QString &what, QWidget *widget)
 }
 
 } // namespace
-
-#include "Announcement.moc"
 
 #endif
 

@@ -24,7 +24,7 @@ double luminance(const QColor &color)
 
 double contrast(const QColor &a, const QColor &b)
 {
-    const auto [less, more] = std::minmax(luminance(a), luminance(b));
+    const auto [less, more] = std::minmax({luminance(a), luminance(b)}); // by value
     return (more + 0.05) / (less + 0.05);
 }
 

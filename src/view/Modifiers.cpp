@@ -1,8 +1,8 @@
 #include "view/Modifiers.h"
 
-#include <QAction>
 #include <QEvent>
 #include <QLabel>
+#include <QShortcut>
 #include <QTimer>
 #include <QToolButton>
 #include <QWindow>
@@ -121,10 +121,9 @@ void afterFirstPaint(std::function<void()> action, QWidget *widget)
 
 QWidget *onKeys(const QList<QKeySequence> &keys, std::function<void()> action, QWidget *widget)
 {
-    auto *shortcut = new QAction(widget);
-    shortcut->setShortcuts(keys);
-    QObject::connect(shortcut, &QAction::triggered, widget, std::move(action));
-    widget->addAction(shortcut);
+    auto *shortcut = new QShortcut(widget);
+    shortcut->setKeys(keys);
+    QObject::connect(shortcut, &QShortcut::activated, widget, std::move(action));
     return widget;
 }
 
