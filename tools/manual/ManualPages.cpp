@@ -47,7 +47,7 @@ ManualPages::Style ManualPages::styleOf(ManualBlock::Kind kind)
     case ManualBlock::Kind::Title:
         return {.size = 26, .above = 0, .indent = 0, .keep = 100};
     case ManualBlock::Kind::Chapter:
-        return {.size = 17, .above = 26, .indent = 0, .keep = 70};
+        return {.size = 17, .above = 26, .indent = 0, .keep = 110};
     case ManualBlock::Kind::Section:
         return {.size = 12.5, .above = 14, .indent = 0, .keep = 50};
     case ManualBlock::Kind::Item:
