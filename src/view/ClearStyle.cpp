@@ -39,8 +39,9 @@ QColor mixed(const QColor &from, const QColor &to, double share)
 QColor standingOut(const QColor &color, const QColor &towards, double least,
                    std::initializer_list<QColor> grounds)
 {
-    for (double share = 0; share < 1; share += 0.02) {
-        const QColor tried = mixed(color, towards, share);
+    constexpr int steps = 50;
+    for (int step = 0; step < steps; ++step) {
+        const QColor tried = mixed(color, towards, double(step) / steps);
         if (std::all_of(grounds.begin(), grounds.end(),
                         [&](const QColor &ground) { return contrast(tried, ground) >= least; }))
             return tried;
