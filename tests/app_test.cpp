@@ -1,10 +1,14 @@
 #include "Testing.h"
+#include "app/Japanese.h"
 #include "app/MainWindow.h"
 #include "app/SettingsWindow.h"
 #include "app/TarumineApp.h"
+#include "reading/TextPane.h"
+#include "view/ClearStyle.h"
 #include "view/Frame.h"
 #include "view/TypedOpenPanel.h"
 
+#include <QCheckBox>
 #include <QDialog>
 #include <QDir>
 #include <QInputDialog>
@@ -12,6 +16,7 @@
 #include <QMenuBar>
 #include <QPushButton>
 #include <QSlider>
+#include <QTimer>
 
 class AppTest : public QObject {
     Q_OBJECT
@@ -85,6 +90,69 @@ private slots:
         QCOMPARE(app.windows().front().get(), &second);
     }
 
+    void everythingFollowsAFontThatComesLate()
+    {
+        TarumineApp app;
+        app.newWindow();
+        const MainWindow &window = *app.windows().front();
+        const auto *pane = window.findChild<TextPane *>();
+        const auto *boat = titled(u"船"_s, window.findChildren<QPushButton *>());
+        const auto *heading = titled(u"ブラウザを選択"_s, window.findChildren<QLabel *>());
+        const int boats = boat->fontInfo().pixelSize();
+        const QFont before = QApplication::font();
+        const auto change = [&] {
+            QApplication::setFont(
+                QFont(u"DejaVu Serif"_s, 15)); // as a desktop does whose settings were changed
+            QVERIFY(QApplication::font().families().contains(u"Noto Color Emoji"_s));
+            for (const QWidget *shown : QList<const QWidget *>{pane, boat, heading})
+                QCOMPARE(shown->font().families(), QApplication::font().families());
+            QCOMPARE(pane->font().pointSizeF(), 14);
+            QCOMPARE(qRound(heading->font().pointSizeF()), qRound(15 * 17 / 13.0));
+            QVERIFY(boat->fontInfo().pixelSize() != boats);
+            QApplication::setFont(before);
+            QCOMPARE(boat->fontInfo().pixelSize(), boats);
+        };
+        QTimer::singleShot(0, qApp, [&] {
+            change();
+            QCoreApplication::exit();
+        });
+        QCoreApplication::exec(); // without which Qt tells no widget
+    }
+
+    void whatMustBeToldApartStandsOut()
+    {
+        const auto luminance = [](const QColor &c) {
+            const auto linear = [](double v) { return std::pow(v, 2.2); };
+            return 0.2126 * linear(c.redF()) + 0.7152 * linear(c.greenF()) + 0.0722 * linear(c.blueF())
+                + 0.05;
+        };
+        const auto contrast = [&](const QColor &a, const QColor &b) {
+            return std::max(luminance(a), luminance(b)) / std::min(luminance(a), luminance(b));
+        };
+        const QPalette before = QApplication::palette();
+        for (QPalette theme : {QPalette(QColor(0xef, 0xef, 0xef)), QPalette(QColor(0x2a, 0x2e, 0x32))}) {
+            QApplication::style()->polish(theme);
+            QApplication::setPalette(theme);
+            const QPalette shown = QApplication::palette();
+            QVERIFY(contrast(shown.color(QPalette::Highlight), shown.color(QPalette::HighlightedText))
+                    > 4.4);
+            QVERIFY(contrast(shown.color(QPalette::PlaceholderText), shown.color(QPalette::Base)) > 4.4);
+            QCheckBox box;
+            QSlider slider(Qt::Horizontal);
+            for (QWidget *control : {static_cast<QWidget *>(&box), static_cast<QWidget *>(&slider)}) {
+                control->resize(60, 24);
+                const QImage picture = control->grab().toImage();
+                double most = 0;
+                for (int x = 0; x < 20; ++x)
+                    most = std::max(most,
+                                    contrast(picture.pixelColor(x, picture.height() / 2),
+                                             shown.color(QPalette::Window)));
+                QVERIFY2(most > 2.9, QByteArray::number(most));
+            }
+        }
+        QApplication::setPalette(before);
+    }
+
     void thereIsOneSettingsWindow()
     {
         TarumineApp app;
@@ -156,5 +224,13 @@ private slots:
     }
 };
 
-QTEST_MAIN(AppTest)
+int main(int argc, char *argv[])
+{
+    QApplication::setStyle(new ClearStyle(u"fusion"_s));
+    JapaneseApplication application(argc, argv);
+    installJapaneseTexts();
+    AppTest test;
+    return QTest::qExec(&test, argc, argv);
+}
+
 #include "app_test.moc"

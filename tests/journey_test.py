@@ -155,7 +155,7 @@ class Journey(unittest.TestCase):
         before = self.value("separator", "サイドバーの境界")[1]
         keys("Right")
         wait_for(lambda: self.value("separator", "サイドバーの境界")[1] == before + 10)
-        keys("shift+Tab", "Down", "Right", "Down")
+        keys("shift+Tab", "Down", "Down", "Right", "Down")
         row = self.find("table cell", "サブフォルダB1")
         self.assertEqual(row.description, "レベル 2")
         wait_for(lambda: row.getState().contains(pyatspi.STATE_SELECTED))
@@ -176,7 +176,11 @@ class Journey(unittest.TestCase):
         run("xdotool", "type", "--delay", "1", str(path))
         keys("Return")
         wait_for(lambda: self.shown_text() == "吾輩は猫である。🐱\n名前はまだ無い。")
-        keys("ctrl+plus", "ctrl+plus")
+        keys("Right", "Right", "shift+Right", "ctrl+f")  # は, which is looked for
+        self.find("label", "2 件中 1 件目")
+        keys("F3", "F3")
+        self.find("label", "2 件中 1 件目（先頭から検索）")
+        keys("Escape", "ctrl+plus", "ctrl+plus")
         self.find("label", "16 pt")
         keys("ctrl+End", "a")
         wait_for(lambda: self.shown_text().endswith("a"))

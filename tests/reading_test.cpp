@@ -14,6 +14,7 @@
 #include "reading/WordStep.h"
 #include "view/OpenPanel.h"
 
+#include <QDropEvent>
 #include <QFileDialog>
 #include <QMenu>
 #include <QMimeData>
@@ -247,6 +248,16 @@ private slots:
             files.setUrls(urls);
             QVERIFY(pane.canInsertFromMimeData(&files));
             pane.insertFromMimeData(&files);
+            finishReading();
+            QCOMPARE(m_text.value(), expected);
+
+            m_text.setValue(u"前"_s);
+            QDragEnterEvent enter({5, 5}, Qt::CopyAction | Qt::MoveAction, &files, Qt::LeftButton, {});
+            QCoreApplication::sendEvent(pane.viewport(), &enter); // without which Qt delivers no drop
+            QDropEvent drop({5, 5}, Qt::CopyAction | Qt::MoveAction, &files, Qt::LeftButton, {});
+            drop.setDropAction(Qt::MoveAction);
+            QCoreApplication::sendEvent(pane.viewport(), &drop);
+            QCOMPARE(drop.dropAction(), Qt::CopyAction); // it stays where it is
             finishReading();
             QCOMPARE(m_text.value(), expected);
         }

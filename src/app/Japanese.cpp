@@ -2,10 +2,12 @@
 
 #include <QApplication>
 #include <QFont>
+#include <QFontDatabase>
 #include <QFontInfo>
 #include <QHash>
 #include <QLocale>
 #include <QTranslator>
+#include <QWidget>
 
 #include <optional>
 #include <utility>
@@ -72,18 +74,34 @@ private:
     }
 };
 
+const QString emojiFamily = u"Noto Color Emoji"_s;
+
 // A font is followed by the colour pictures for the emoji that it lacks: some of the fonts that would
 // be asked first have a few emoji in black and white. The family is the one found, not the one asked
 // for, lest the pictures' own blanks and digits come before it.
 QFont withColourEmoji(QFont font)
 {
-    font.setFamilies({QFontInfo(font).family(), u"Noto Color Emoji"_s});
+    font.setFamilies({QFontInfo(font).family(), emojiFamily});
+    return font;
+}
+
+bool isWithColourEmoji(const QFont &font)
+{
+    return font.families().contains(emojiFamily);
+}
+
+// What the desktop says, as it was when it was last taken over.
+QFont &desktopFont()
+{
+    static QFont font = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
     return font;
 }
 
 void chooseFonts()
 {
     const QFont general = QApplication::font();
+    if (isWithColourEmoji(general))
+        return;
     std::vector<std::pair<const char *, QFont>> special; // what the desktop wants otherwise
     for (const char *kind : {"QMenu", "QMenuBar", "QMessageBox", "QToolButton", "QAbstractItemView"}) {
         if (QApplication::font(kind) != general)
@@ -108,10 +126,31 @@ void adoptJapaneseLocale()
 
 void installJapaneseTexts()
 {
+    desktopFont();
     chooseFonts();
     fontLanguage.reset();
 
     auto *texts = new QtTexts(QCoreApplication::instance());
     if (texts->load(u":/translations/qtbase_ja.qm"_s))
         QCoreApplication::installTranslator(texts);
+}
+
+bool JapaneseApplication::event(QEvent *event)
+{
+    if (event->type() == QEvent::ApplicationFontChange) {
+        chooseFonts();
+        // Qt leaves them what they have; what isn't their own they now take from here.
+        for (QWidget *window : topLevelWidgets())
+            window->setFont(window->font());
+    }
+    return QApplication::event(event);
+}
+
+void adoptDesktopFont()
+{
+    const QFont font = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
+    if (font == std::exchange(desktopFont(), font))
+        return;
+    QApplication::setFont(font);
+    chooseFonts();
 }

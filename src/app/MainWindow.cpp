@@ -1,5 +1,6 @@
 #include "app/MainWindow.h"
 
+#include "app/Japanese.h"
 #include "view/Frame.h"
 #include "view/Stacks.h"
 #include "view/Unwinding.h"
@@ -26,6 +27,8 @@ bool MainWindow::event(QEvent *event)
     const bool handled = QMainWindow::event(event);
     if (event->type() == QEvent::LayoutRequest || event->type() == QEvent::Resize)
         boundSize();
+    else if (event->type() == QEvent::ThemeChange)
+        adoptDesktopFont();
     return handled;
 }
 

@@ -6,6 +6,7 @@
 #include "app/SettingsWindow.h"
 #include "platform/ApplicationFolders.h"
 #include "platform/Process.h"
+#include "view/ClearStyle.h"
 #include "view/Modifiers.h"
 #include "view/Notice.h"
 #include "view/Unwinding.h"
@@ -17,19 +18,33 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+// In all sizes in which somebody may show it.
+QIcon ownIcon()
+{
+    QIcon icon;
+    for (const int size : {16, 22, 32, 48, 64, 128})
+        icon.addFile(u":/icons/app-%1.png"_s.arg(size));
+    return icon;
+}
+
+} // namespace
+
 int TarumineApp::main(int argc, char *argv[])
 {
     QApplication::setApplicationName(u"tarumine"_s);
     QApplication::setApplicationVersion(QStringLiteral(TARUMINE_VERSION));
     QApplication::setDesktopFileName(QStringLiteral(TARUMINE_APPLICATION_ID));
     adoptJapaneseLocale();
-    const QApplication application(argc, argv);
+    const JapaneseApplication application(argc, argv);
+    QApplication::setStyle(new ClearStyle); // of the desktop's, which is known by now
     installJapaneseTexts();
 
     TarumineApp app;
     app.newWindow();
     // Not needed for the first picture of the window, so it follows after it.
-    QTimer::singleShot(0, [] { QApplication::setWindowIcon(QIcon(u":/icons/app-64.png"_s)); });
+    QTimer::singleShot(0, [] { QApplication::setWindowIcon(ownIcon()); });
     const int status = QApplication::exec();
     // The windows and Qt go in order, unless something holds them up.
     Process::endWithin(std::chrono::milliseconds(500), status);

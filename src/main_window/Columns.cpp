@@ -6,7 +6,7 @@
 
 namespace {
 
-// Proportions; the splitters keep them while the window is resized.
+// Proportions, kept while the window is resized.
 const QList<int> stackedSideAndDetail{1, 2};
 const QList<int> sidebarAboveSelection{3, 2};
 constexpr int idealWidth = 999;
@@ -37,6 +37,8 @@ Columns::Columns(QWidget *sidebar, QWidget *selectionPane, QWidget *detail)
     for (QWidget *pane : {sidebar, selectionPane, static_cast<QWidget *>(m_side), detail})
         pane->raise();
     setTabOrder(m_side->handle(1), handle(1)); // before what is in the detail column
+    for (const Split *split : {static_cast<const Split *>(this), static_cast<const Split *>(m_side)})
+        connect(split, &QSplitter::splitterMoved, this, [this] { m_isMovedByHand = true; });
     arrange(Arrangement::SideBySide);
 }
 
@@ -49,7 +51,7 @@ void Columns::setSidebarShown(bool shown)
 void Columns::resizeEvent(QResizeEvent *event)
 {
     const Arrangement wanted = arrangementFor(width());
-    if (wanted != m_arrangement)
+    if (wanted != m_arrangement || !m_isMovedByHand)
         arrange(wanted);
     QSplitter::resizeEvent(event);
 }
@@ -61,16 +63,17 @@ void Columns::changeEvent(QEvent *event)
         arrange(m_arrangement);
 }
 
-// At the ideal width the sidebar shows its rows, the controls keep one line, and the selection pane has
-// what is left.
+// At the ideal width and above, the sidebar shows its rows, the controls keep one line, and what is left
+// goes to the selection pane first, and then to the reading.
 QList<int> Columns::idealWidths() const
 {
+    const int whole = std::max(idealWidth, width());
     const int sidebar = m_sidebar->sizeHint().width();
-    const int left = idealWidth - m_detail->sizeHint().width() - sidebar - 2 * handleWidth();
+    const int left = whole - m_detail->sizeHint().width() - sidebar - 2 * handleWidth();
     const int character = fontMetrics().horizontalAdvance(u'木');
     const int selection =
         std::clamp(left, leastSelectionWidth * character, idealSelectionWidth * character);
-    return {sidebar, selection, idealWidth - sidebar - selection - 2 * handleWidth()};
+    return {sidebar, selection, whole - sidebar - selection - 2 * handleWidth()};
 }
 
 Columns::Arrangement Columns::arrangementFor(int width)

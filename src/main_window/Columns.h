@@ -29,4 +29,5 @@ private:
     QWidget *m_detail;
     Arrangement m_arrangement = Arrangement::SideBySide;
     bool m_sidebarShown = true;
+    bool m_isMovedByHand = false; // a boundary; from then on Qt keeps the proportions
 };

@@ -100,7 +100,7 @@ void ContentView::fillViewMenu(QMenu &menu)
     menu.addSeparator();
 
     const auto add = [this, &menu](const QString &title, const QKeySequence &key,
-                                   std::function<double()> size) {
+                                   const std::function<double()> &size) {
         QAction *action = menu.addAction(title);
         action->setShortcut(key);
         QObject::connect(action, &QAction::triggered, m_columns,

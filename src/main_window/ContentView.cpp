@@ -18,6 +18,7 @@
 #include "tree/Node.h"
 #include "tree/Sidebar.h"
 #include "view/Alert.h"
+#include "view/Announcement.h"
 #include "view/Frame.h"
 #include "view/Modifiers.h"
 #include "view/Notice.h"
@@ -123,6 +124,9 @@ void ContentView::waitWhileLoading()
     });
     QObject::connect(&m_textLoading, &TextLoading::ended, m_textPane,
                      [this] { m_textPane->patience().end(); });
+    QObject::connect(&m_textLoading, &TextLoading::loaded, m_textPane, [this] {
+        announce(QCoreApplication::translate("ContentView", "読み込みました"), m_textPane);
+    });
     QObject::connect(&m_textLoading, &TextLoading::unfit, m_textPane, [this] {
         showNotice(QMessageBox::Information,
                    QCoreApplication::translate("ContentView", "この文字コードでは読めません。"),
@@ -182,7 +186,11 @@ void ContentView::simulation()
 
 void ContentView::startSimulation()
 {
-    ::startSimulation(&text, [this](const QString &status) { text.setValue(status); });
+    ::startSimulation(&text, [this](const QString &status) {
+        text.setValue(status);
+        if (m_textPane)
+            announce(status, m_textPane);
+    });
 }
 
 void ContentView::readHost()

@@ -1,6 +1,6 @@
 #include "play/JourneyBoard.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QEvent>
 #include <QPushButton>
 #include <QStyle>
@@ -57,11 +57,10 @@ QSize compactSize(const QPushButton &button)
 }
 
 // Larger than other buttons', so that the boat can be made out, but the longest label has room.
-QFont boatFont(const QPushButton &boat)
+QFont boatFont(QFont font)
 {
     constexpr double padding = 16;
-    const double longest = boat.fontMetrics().horizontalAdvance(anchoredRight.toString());
-    QFont font = boat.font();
+    const double longest = QFontMetricsF(font).horizontalAdvance(anchoredRight.toString());
     font.setPointSizeF(font.pointSizeF() * std::min(1.5, (boatWidth - padding) / longest));
     return font;
 }
@@ -79,7 +78,7 @@ JourneyBoard::JourneyBoard(const Fields &fields)
 {
     setAccessibleName(Titles::tr("旅"));
     m_boat->resize(int(boatWidth), int(boatHeight));
-    m_boat->setFont(boatFont(*m_boat));
+    m_boat->setFont(boatFont(QApplication::font(m_boat)));
     connect(m_boat, &QPushButton::clicked, this, &JourneyBoard::press);
     for (const Destination destination : destinations) {
         auto *button = new QPushButton(title(destination), this);
@@ -151,6 +150,7 @@ bool JourneyBoard::event(QEvent *event)
         break;
     case QEvent::FontChange:
     case QEvent::StyleChange:
+        m_boat->setFont(boatFont(QApplication::font(m_boat)));
         for (Stop &stop : m_stops)
             stop.size = {};
         layOut();

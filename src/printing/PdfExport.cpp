@@ -1,5 +1,6 @@
 #include "printing/PdfExport.h"
 
+#include "view/Announcement.h"
 #include "view/Notice.h"
 
 #include <QFileInfo>
@@ -58,5 +59,8 @@ void PdfExport::begin(const QString &fileName, const QString &text, QWidget *win
     m_operation = m_newOperation({textWidth, text}, printInfo(path), window);
     m_operation->setShowsPrintPanel(true);
     m_operation->setShowsProgressPanel(true);
-    m_operation->runOperation([](bool) {});
+    m_operation->runOperation([window](bool isDone) {
+        if (isDone) // a failure has a notice, which is heard by itself
+            announce(tr("書き出しました"), window);
+    });
 }

@@ -10,6 +10,7 @@
 #include <QFileInfo>
 #include <QFontInfo>
 #include <QPrintDialog>
+#include <QProgressBar>
 #include <QProgressDialog>
 
 using namespace std::chrono_literals;
@@ -104,6 +105,7 @@ void TextPrintOperation::showProgress()
         m_progressPanel->setWindowModality(Qt::WindowModal);
         m_progressPanel->setWindowTitle(tr("簡易PDF"));
         m_progressPanel->setCancelButtonText(tr("キャンセル"));
+        m_progressPanel->findChild<QProgressBar *>()->setAccessibleName(tr("進み具合"));
         m_progressPanel->setRange(0, 1000);
         m_progressPanel->setMinimumDuration(0);
         m_progressPanel->setAutoClose(false);

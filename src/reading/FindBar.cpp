@@ -10,6 +10,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QLocale>
+#include <QToolButton>
 
 #include <utility>
 
@@ -48,6 +49,8 @@ QWidget *FindBar::field()
     m_field->setPlaceholderText(tr("検索"));
     m_field->setClearButtonEnabled(true);
     m_field->setMinimumWidth(90);
+    if (auto *clear = m_field->findChild<QToolButton *>())
+        clear->setAccessibleName(tr("消す"));
     connect(m_field, &QLineEdit::textChanged, this, [this] { findAnew(m_anchor, Wanted::Nearest); });
     connect(m_field, &QLineEdit::returnPressed, this, [this] {
         step(QApplication::keyboardModifiers() & Qt::ShiftModifier ? Wanted::Previous : Wanted::Next);

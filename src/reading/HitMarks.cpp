@@ -45,9 +45,11 @@ void HitMarks::mark()
 {
     m_isDue = false;
     Places places = hitsInView();
-    if (places == m_marked)
+    const qint64 palette = m_pane.palette().cacheKey();
+    if (places == m_marked && palette == m_palette)
         return;
     m_marked = std::move(places);
+    m_palette = palette;
     QList<QTextEdit::ExtraSelection> marks;
     for (const auto &[start, end] : m_marked) {
         QTextCursor hit(m_pane.document());

@@ -30,5 +30,6 @@ private:
     TextPane &m_pane;
     TextPattern m_pattern;
     Places m_marked;
+    qint64 m_palette = 0; // in whose colours
     bool m_isDue = false;
 };

@@ -50,10 +50,9 @@ TextPane::TextPane(ReadingText &text, const State<double> &fontSize)
     follow(
         this, [&fontSize] { return fontSize.value(); },
         [this](double points) {
-            QFont system = QApplication::font();
-            system.setPointSizeF(points);
-            setFont(system);
-            refitSeams();
+            QFont font; // which follows the desktop's in all but its size
+            font.setPointSizeF(points);
+            setFont(font);
         });
     connect(&text, &ReadingText::leaving, this, &TextPane::writeDownPlace);
     connect(&text, &ReadingText::assigned, this, &TextPane::showAssigned);
@@ -284,6 +283,13 @@ void TextPane::resizeEvent(QResizeEvent *event)
         refitSeams();
     else
         fitSeamsInView();
+}
+
+void TextPane::changeEvent(QEvent *event)
+{
+    QPlainTextEdit::changeEvent(event);
+    if (event->type() == QEvent::FontChange)
+        refitSeams();
 }
 
 void TextPane::refitSeams()

@@ -46,17 +46,6 @@ QLabel *titleOf(QWidget *control, const QString &title)
     return text;
 }
 
-// A style may outline a control in a darker shade of the window, which nobody can make out where the
-// window is dark already; there the shade becomes one of the text.
-void outlineWhereDark(QWidget *control)
-{
-    QPalette palette = control->palette();
-    if (palette.color(QPalette::Window).lightness() >= 128)
-        return;
-    palette.setColor(QPalette::Window, palette.color(QPalette::WindowText));
-    control->setPalette(palette);
-}
-
 // As wide as its title needs; a style's least width would cost a row of them the room that it has.
 class CompactButton : public QPushButton {
 public:
@@ -196,7 +185,6 @@ QWidget *Toggle(const QString &title, const Binding<bool> &isOn)
 {
     auto *box = new QCheckBox(verbatim(title));
     box->setAccessibleName(title);
-    outlineWhereDark(box);
     follow(box, isOn.get, [box](bool on) { box->setChecked(on); });
     // A screen reader toggles without a click, so it is the change that counts; what has just been
     // shown is none.
@@ -215,7 +203,6 @@ QWidget *Slider(const QString &title, Binding<double> value, const SliderRange &
     slider->setPageStep(5);
     slider->setMinimumWidth(60);
     slider->setAccessibleDescription(range.unit);
-    outlineWhereDark(slider);
     follow(slider, value.get,
            [slider, step = range.step](double now) { slider->setValue(int(std::lround(now / step))); });
     QObject::connect(slider, &QSlider::valueChanged, slider,
@@ -243,8 +230,5 @@ QWidget *Picker(const QString &title, Binding<QString> selection, std::function<
     QObject::connect(list, &QComboBox::textActivated, list, std::move(selection.set));
 
     QLabel *heading = titleOf(list, title);
-    QFont titleFont = heading->font();
-    titleFont.setPointSizeF(titleFont.pointSizeF() * 17 / 13); // a second-level title beside body text
-    heading->setFont(titleFont);
-    return VStack({heading, list}, {.spacing = 2});
+    return VStack({enlarged(17.0 / 13, heading), list}, {.spacing = 2});
 }

@@ -1,8 +1,8 @@
 #include "view/Modifiers.h"
 
-#include <QAction>
 #include <QEvent>
 #include <QLabel>
+#include <QShortcut>
 #include <QTimer>
 #include <QToolButton>
 #include <QWindow>
@@ -64,6 +64,38 @@ private:
     std::function<void()> m_action;
 };
 
+class Enlarged : public QObject {
+public:
+    Enlarged(double factor, QWidget *text)
+        : QObject(text)
+        , m_factor(factor)
+        , m_text(text)
+    {
+        text->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (watched == m_text && event->type() == QEvent::ParentChange)
+            m_text->parentWidget()->installEventFilter(this);
+        if (event->type() == QEvent::ParentChange
+            || (watched != m_text && event->type() == QEvent::FontChange))
+            enlarge(m_text->parentWidget()->font());
+        return false;
+    }
+
+private:
+    void enlarge(const QFont &around)
+    {
+        QFont font; // which follows the one around it in all but its size
+        font.setPointSizeF(around.pointSizeF() * m_factor);
+        m_text->setFont(font);
+    }
+
+    double m_factor;
+    QWidget *m_text;
+};
+
 } // namespace
 
 QWidget *visibleWhen(std::function<bool()> condition, QWidget *widget)
@@ -89,10 +121,9 @@ void afterFirstPaint(std::function<void()> action, QWidget *widget)
 
 QWidget *onKeys(const QList<QKeySequence> &keys, std::function<void()> action, QWidget *widget)
 {
-    auto *shortcut = new QAction(widget);
-    shortcut->setShortcuts(keys);
-    QObject::connect(shortcut, &QAction::triggered, widget, std::move(action));
-    widget->addAction(shortcut);
+    auto *shortcut = new QShortcut(widget);
+    shortcut->setKeys(keys);
+    QObject::connect(shortcut, &QShortcut::activated, widget, std::move(action));
     return widget;
 }
 
@@ -101,6 +132,12 @@ void markOverflow(QToolButton *button, const QString &title)
     button->setText(QStringLiteral("»"));
     button->setToolButtonStyle(Qt::ToolButtonTextOnly);
     button->setAccessibleName(title);
+}
+
+QWidget *enlarged(double factor, QWidget *text)
+{
+    new Enlarged(factor, text);
+    return text;
 }
 
 QWidget *wrapped(QWidget *text)

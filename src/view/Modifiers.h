@@ -37,5 +37,8 @@ QWidget *onKeys(const QList<QKeySequence> &keys, std::function<void()> action, Q
 /// text; Qt's own picture is dark also where the bar is. `title` is its accessible name.
 void markOverflow(QToolButton *button, const QString &title);
 
+/// In letters larger by a factor than those around it, also when these change.
+QWidget *enlarged(double factor, QWidget *text);
+
 /// Breaks the lines of a Text where it has no room, and centres them.
 QWidget *wrapped(QWidget *text);

@@ -6,6 +6,7 @@
 
 #include <unicode/unistr.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <fstream>
 #include <iterator>
@@ -13,6 +14,11 @@
 #include <utility>
 
 namespace {
+
+bool announcesMore(std::string_view text)
+{
+    return text.ends_with("：");
+}
 
 constexpr double lineSpacing = 1.15; // a manual is read from afar
 
@@ -41,11 +47,13 @@ ManualPages::Style ManualPages::styleOf(ManualBlock::Kind kind)
     case ManualBlock::Kind::Title:
         return {.size = 26, .above = 0, .indent = 0, .keep = 100};
     case ManualBlock::Kind::Chapter:
-        return {.size = 17, .above = 26, .indent = 0, .keep = 70};
+        return {.size = 17, .above = 26, .indent = 0, .keep = 110};
     case ManualBlock::Kind::Section:
         return {.size = 12.5, .above = 14, .indent = 0, .keep = 50};
     case ManualBlock::Kind::Item:
         return {.size = 10.5, .above = 4, .indent = 14, .keep = 0};
+    case ManualBlock::Kind::Code:
+        return {.size = 10.5, .above = 14, .indent = 14, .keep = 0};
     case ManualBlock::Kind::Paragraph:
     case ManualBlock::Kind::Picture:
         break;
@@ -83,7 +91,9 @@ Page ManualPages::set(const std::string &text, double width)
 
 void ManualPages::addText(const ManualBlock &block)
 {
-    const Style style = styleOf(block.kind);
+    Style style = styleOf(block.kind);
+    if (announcesMore(block.text))
+        style.keep = 40;
     const double scale = style.size / textSize;
     const double left = m_format.left + style.indent;
     const Page page = set(block.text, (m_format.width - m_format.right - left) / scale);
@@ -92,11 +102,14 @@ void ManualPages::addText(const ManualBlock &block)
 
     if (m_y < m_format.height - m_format.top)
         m_y -= style.above;
-    makeRoom(height + style.keep);
+    const std::size_t lines = page.lines.size();
+    makeRoom(height * double(std::min<std::size_t>(lines, 2)) + style.keep);
+    if (block.kind == ManualBlock::Kind::Code)
+        addGround(height * double(lines));
     if (block.kind == ManualBlock::Kind::Chapter)
         m_chapters.push_back({block.text, m_contents.size(), m_y});
-    for (std::size_t i = 0; i < page.lines.size(); ++i) {
-        makeRoom(height);
+    for (std::size_t i = 0; i < lines; ++i) {
+        makeRoom(i + 2 == lines ? 2 * height : height); // no line stands alone on a page
         const double baseline = m_y - own.ascent() / 1000.0 * scale;
         if (i == 0 && block.kind == ManualBlock::Kind::Item)
             addLine(set("•", style.indent), m_format.left + 2, baseline, scale);
@@ -111,20 +124,57 @@ void ManualPages::addLine(Page line, double left, double baseline, double scale)
     m_content += placed(scale, left, baseline, drawingOperators(line));
 }
 
-// Half a point for each of its pixels, or as wide as the text; with a thin frame.
+// Behind a command.
+void ManualPages::addGround(double height)
+{
+    constexpr double around = 5;
+    char drawing[96];
+    std::snprintf(drawing, sizeof drawing, "q 0.94 g %.3f %.3f %.3f %.3f re f Q\n", m_format.left,
+                  m_y - height - around, m_format.width - m_format.left - m_format.right,
+                  height + 2 * around);
+    m_content += drawing;
+}
+
+// Where there is no room left for it, the text goes on, and the picture is the first on the next page.
 void ManualPages::addPicture(const std::string &name)
 {
+    if (m_waiting.empty() && m_y - heightOf(name) - 10 >= m_format.bottom)
+        draw(name);
+    else
+        m_waiting.push_back(name);
+}
+
+Pixels ManualPages::pixelsOf(const std::string &name) const
+{
     std::ifstream file(m_pictures / name, std::ios::binary);
-    const auto pixels = pngPixels(std::string(std::istreambuf_iterator(file), {}));
+    auto pixels = pngPixels(std::string(std::istreambuf_iterator(file), {}));
     if (!pixels)
         throw std::runtime_error("no picture " + name);
-    const double width = std::min(m_format.width - m_format.left - m_format.right, pixels->width * 0.5);
-    const double height = width * pixels->height / pixels->width;
-    m_y -= 10;
-    makeRoom(height);
+    return *std::move(pixels);
+}
+
+// Half a point for each of its pixels, or as wide as the text.
+std::pair<double, double> ManualPages::sizeOf(const Pixels &pixels) const
+{
+    const double width = std::min(m_format.width - m_format.left - m_format.right, pixels.width * 0.5);
+    return {width, width * pixels.height / pixels.width};
+}
+
+double ManualPages::heightOf(const std::string &name) const
+{
+    return sizeOf(pixelsOf(name)).second;
+}
+
+// With a thin frame.
+void ManualPages::draw(const std::string &name)
+{
+    const Pixels pixels = pixelsOf(name);
+    const auto [width, height] = sizeOf(pixels);
+    if (m_y < m_format.height - m_format.top)
+        m_y -= 10;
     m_y -= height;
     const std::string key = "/I" + std::to_string(m_images.getKeys().size());
-    m_images.replaceKey(key, pdfImage(m_document, *pixels, false));
+    m_images.replaceKey(key, pdfImage(m_document, pixels, false));
     const double x = (m_format.width - width) / 2;
     char drawing[160];
     std::snprintf(drawing, sizeof drawing,
@@ -144,10 +194,14 @@ void ManualPages::newPage()
 {
     m_contents.push_back(std::exchange(m_content, {}));
     m_y = m_format.height - m_format.top;
+    for (const std::string &picture : std::exchange(m_waiting, {}))
+        addPicture(picture);
 }
 
 void ManualPages::finish()
 {
+    while (!m_waiting.empty())
+        newPage();
     newPage();
     for (std::size_t i = 0; i < m_contents.size(); ++i) {
         m_content.clear();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ManualText.h"
+#include "pdf/PngPixels.h"
 #include "typesetting/FontList.h"
 #include "typesetting/Page.h"
 #include "typesetting/PageFormat.h"
@@ -8,6 +9,7 @@
 #include <qpdf/QPDF.hh>
 
 #include <filesystem>
+#include <utility>
 
 /// Sets the blocks of the manual on pages, one below the other.
 class ManualPages {
@@ -42,6 +44,11 @@ private:
     void addText(const ManualBlock &block);
     void addPicture(const std::string &name);
     void addLine(Page line, double left, double baseline, double scale);
+    void addGround(double height);
+    void draw(const std::string &picture);
+    Pixels pixelsOf(const std::string &picture) const;
+    std::pair<double, double> sizeOf(const Pixels &pixels) const;
+    double heightOf(const std::string &picture) const;
     void makeRoom(double height);
     void newPage();
 
@@ -53,6 +60,7 @@ private:
     QPDFObjectHandle m_images = QPDFObjectHandle::newDictionary();
     std::vector<std::string> m_contents;
     std::vector<Chapter> m_chapters;
+    std::vector<std::string> m_waiting; // pictures for which there was no room; the text goes on meanwhile
     std::string m_content;
     double m_y = 0; // of the page, from its bottom: what is above is taken
 };

@@ -23,6 +23,8 @@ public:
             return begin(Kind::Item);
         case MD_BLOCK_P:
             return beginsItem() || begin(Kind::Paragraph);
+        case MD_BLOCK_CODE:
+            return begin(Kind::Code);
         case MD_BLOCK_H:
             return beginHeading(static_cast<const MD_BLOCK_H_DETAIL *>(detail)->level);
         default:
@@ -34,6 +36,8 @@ public:
     {
         if (type == MD_BLOCK_UL)
             m_inList = false;
+        if (type == MD_BLOCK_CODE && m_all.back().text.ends_with('\n'))
+            m_all.back().text.pop_back();
     }
 
     bool enter(MD_SPANTYPE type, const void *detail)
