@@ -314,6 +314,8 @@ private slots:
                      QByteArray::number(dark.right()));
         }
         QCOMPARE(withoutBlanks(read({})), withoutBlanks(lines));
+        write(u"日本のLinuxと「A4」、『PDF』。「はい」"_s);
+        QCOMPARE(read({u"-raw"_s}).trimmed(), u"日本のLinuxと「A4」、『PDF』。「はい」"_s);
         for (const QChar hanging : {u'。', u'、', u'」', u'　'}) {
             write(u"国"_s.repeated(45) + hanging + u"国国"_s);
             QCOMPARE(withoutBlanks(read({u"-raw"_s}).section(u'\n', 1)), u"国国"_s);

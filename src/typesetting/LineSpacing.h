@@ -24,10 +24,10 @@ bool isJapanese(std::span<const Cell> line);
 bool setApart(std::span<const Cell> line, std::span<Glyph> glyphs, const Spread &spread);
 
 /// Whether readers, who go by places, would see blanks between characters that are set apart, or a new line
-/// where they close up. Where Japanese meets western letters, a blank is what anybody would read.
+/// where they close up. (Between words, there is one.)
 inline bool isMisread(Millipoints apart, Stretch stretch)
 {
-    return apart < -square / 5 || (apart > square / 10 && stretch >= Stretch::Any);
+    return apart < -square / 5 || (apart > square / 10 && stretch >= Stretch::WesternBoundary);
 }
 
 inline bool isMisread(const Cell &before, const Cell &after, const Spread &spread)
