@@ -38,7 +38,7 @@ int TarumineApp::main(int argc, char *argv[])
     QApplication::setDesktopFileName(QStringLiteral(TARUMINE_APPLICATION_ID));
     adoptJapaneseLocale();
     const JapaneseApplication application(argc, argv);
-    QApplication::setStyle(new ClearStyle); // of the desktop's, which is known by now
+    QApplication::setStyle(new ClearStyle(QApplication::style())); // around the one that is there
     installJapaneseTexts();
 
     TarumineApp app;
