@@ -20,7 +20,8 @@ int main(int argc, char *argv[])
     const bool here = argc == 3 && std::strcmp(argv[1], "--here") == 0;
     if (argc != 2 && !here)
         return 2;
-    const auto file = FileContent::of(QFile::decodeName(argv[argc - 1]), std::numeric_limits<int>::max(), 1 << 20);
+    const auto file =
+        FileContent::of(QFile::decodeName(argv[argc - 1]), std::numeric_limits<int>::max(), 1 << 20);
     if (!file)
         return 1;
     QElapsedTimer clock;

@@ -93,7 +93,8 @@ class ConfinementTest : public QObject {
             {"a world of its own", [] { return ::unshare(CLONE_NEWUSER); }},
             {"code made on the way",
              [] {
-                 void *made = ::mmap(nullptr, 4096, PROT_READ | PROT_EXEC, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+                 void *made =
+                     ::mmap(nullptr, 4096, PROT_READ | PROT_EXEC, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
                  return made == MAP_FAILED ? -1L : 0L;
              }},
             {"a socket", opensSocket},
@@ -101,14 +102,17 @@ class ConfinementTest : public QObject {
             {"a signal by way of a file", [=] { return ::fcntl(picked, F_SETOWN, parent); }},
             {"tracing the parent", [=] { return ::ptrace(PTRACE_SEIZE, parent, nullptr, nullptr); }},
             {"the parent's memory", [=] { return readsParent(parent); }},
-            {"the parent's files",
-             [=] { return ::syscall(SYS_pidfd_open, parent, 0); }},
+            {"the parent's files", [=] { return ::syscall(SYS_pidfd_open, parent, 0); }},
             {"a ring of work for the kernel",
              [] {
                  io_uring_params parameters{};
                  return ::syscall(SYS_io_uring_setup, 1, &parameters);
              }},
-            {"limits", [] { rlimit none{}; return ::setrlimit(RLIMIT_CPU, &none); }},
+            {"limits",
+             [] {
+                 rlimit none{};
+                 return ::setrlimit(RLIMIT_CPU, &none);
+             }},
             {"more memory to be handed on", [] { return ::memfd_create("x", 0); }},
             {"a terminal's keys", [] { return ::ioctl(0, 0x5412, "x"); }}, // TIOCSTI
         };

@@ -26,7 +26,8 @@ class WorkerTest : public QObject {
         for (const QString &thread : QDir(m_children).entryList(QDir::Dirs | QDir::NoDotAndDotDot))
             all += QString::fromLatin1(contentOf(m_children + u'/' + thread + u"/children"_s))
                        .split(u' ', Qt::SkipEmptyParts);
-        return all + QDir(m_folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+        return all
+            + QDir(m_folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
     }
 
     class Panel : public OpenPanel {
@@ -80,14 +81,14 @@ private slots:
         const auto [reason] = values<QString>();
         const QString what = QString::fromLatin1(QTest::currentDataTag());
         const bool floods = what == u"a flood"_s; // of documents alone: the others have no more room
-        const QString text = written(m_folder.filePath(u"text"_s), "\xff " + (floods ? "it failed" : what.toLatin1()));
+        const QString text =
+            written(m_folder.filePath(u"text"_s), "\xff " + (floods ? "it failed" : what.toLatin1()));
         const QStringList before = traces();
 
         QVERIFY(aLoadChangesNothing(text));
         QVERIFY(smallPicture(text, 64).isNull());
         PdfProgress progress;
-        const PrintOutcome outcome =
-            print(what, {}, {.file = m_folder.filePath(u"made.pdf"_s)}, progress);
+        const PrintOutcome outcome = print(what, {}, {.file = m_folder.filePath(u"made.pdf"_s)}, progress);
         QCOMPARE(outcome.result, PdfResult::Failed);
         QCOMPARE(outcome.reason, reason);
         QTRY_COMPARE(traces(), before);

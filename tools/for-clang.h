@@ -1,6 +1,7 @@
-// A header of QPDF's holds vectors of a class that isn't complete yet. What clang makes of that in C++20 is an
-// error, since it looks at once whether they could be destroyed at compile time; GCC doesn't. So this has
-// vectors as they were before C++20. For what clang is to look at, and never for what is built to be used.
+// A header of QPDF's holds vectors of a class that isn't complete yet. What clang makes of that in C++20 is
+// an error, since it looks at once whether they could be destroyed at compile time; GCC doesn't. So this
+// has vectors as they were before C++20. For what clang is to look at, and never for what is built to be
+// used.
 #include <algorithm>
 #include <memory>
 #include <string>

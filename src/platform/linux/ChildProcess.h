@@ -5,8 +5,8 @@
 
 #include <sys/types.h>
 
-/// A process of one's own, with nothing open but these files, as its numbers 3 and up. It ends with this, and
-/// nothing is left of it soon after.
+/// A process of one's own, with nothing open but these files, as its numbers 3 and up. It ends with this,
+/// and nothing is left of it soon after.
 class ChildProcess {
 public:
     ChildProcess(const std::string &program, const std::vector<int> &files);

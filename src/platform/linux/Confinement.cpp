@@ -130,8 +130,8 @@ void allowWork(const SystemCalls &calls)
         | CLONE_NEWUSER | CLONE_NEWPID | CLONE_NEWNET;
     calls.allow(SCMP_SYS(clone), 0, CLONE_THREAD | spaces, CLONE_THREAD);
     calls.deny(SCMP_SYS(clone3)); // whose arguments can't be looked at
-    calls.allow({SCMP_SYS(rt_sigaction), SCMP_SYS(rt_sigprocmask), SCMP_SYS(rt_sigreturn),
-                 SCMP_SYS(sigaltstack)});
+    calls.allow(
+        {SCMP_SYS(rt_sigaction), SCMP_SYS(rt_sigprocmask), SCMP_SYS(rt_sigreturn), SCMP_SYS(sigaltstack)});
     calls.allow({SCMP_SYS(clock_gettime), SCMP_SYS(clock_getres), SCMP_SYS(gettimeofday), SCMP_SYS(time),
                  SCMP_SYS(clock_nanosleep), SCMP_SYS(nanosleep)});
     calls.allow({SCMP_SYS(getpid), SCMP_SYS(gettid), SCMP_SYS(getrandom), SCMP_SYS(getrusage),
@@ -140,8 +140,8 @@ void allowWork(const SystemCalls &calls)
 
 void allowReadingFiles(const SystemCalls &calls)
 {
-    constexpr std::uint64_t otherThanReading = O_ACCMODE | O_CREAT | O_TRUNC | O_APPEND
-        | (O_TMPFILE & ~O_DIRECTORY);
+    constexpr std::uint64_t otherThanReading =
+        O_ACCMODE | O_CREAT | O_TRUNC | O_APPEND | (O_TMPFILE & ~O_DIRECTORY);
     calls.allow(SCMP_SYS(openat), 2, otherThanReading, O_RDONLY);
     calls.allow(SCMP_SYS(open), 1, otherThanReading, O_RDONLY);
     calls.allow({SCMP_SYS(stat), SCMP_SYS(lstat), SCMP_SYS(newfstatat), SCMP_SYS(statx), SCMP_SYS(statfs),

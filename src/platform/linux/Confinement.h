@@ -6,7 +6,7 @@
 
 /// How far a process has been confined.
 struct Confinement {
-    int landlock = 0;     ///< the version of Landlock whose rights it has lost; 0: the kernel has none
+    int landlock = 0;         ///< the version of Landlock whose rights it has lost; 0: the kernel has none
     bool systemCalls = false; ///< whether all but a few system calls are refused
 };
 
