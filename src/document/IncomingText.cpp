@@ -58,15 +58,13 @@ std::optional<IncomingText> textOfFile(const QString &path, const QByteArray &en
     if (!file)
         return std::nullopt;
     const qsizetype bytes = file->bytes().size();
+    const bool mayBeUtf8 = encoding.isEmpty() || encoding == "UTF-8";
     if (bytes > LargeText::bytes) {
-        if (encoding.isEmpty() || encoding == "UTF-8") {
-            if (auto incoming = undecoded(*file))
-                return incoming;
-        }
+        if (auto incoming = mayBeUtf8 ? undecoded(*file) : std::nullopt)
+            return incoming;
         if (!isThereRoomFor(roomToDecode(bytes, false)))
             return std::nullopt;
     }
-    const bool mayBeUtf8 = encoding.isEmpty() || encoding == "UTF-8";
     auto text = mayBeUtf8 && isPlainUtf8(file->bytes()) ? QString::fromUtf8(file->bytes())
                                                         : textByWorker(*file, encoding);
     file.reset();

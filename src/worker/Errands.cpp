@@ -59,6 +59,18 @@ void show(const Report &report, PdfProgress &progress)
     progress.share = std::min(1.0, report.share / whole);
 }
 
+// A folder may hold thousands of icons, and each is a process. Given back also when memory runs out.
+class Turn {
+public:
+    Turn() { atOnce.acquire(); }
+    ~Turn() { atOnce.release(); }
+    Turn(const Turn &) = delete;
+    Turn &operator=(const Turn &) = delete;
+
+private:
+    static inline std::counting_semaphore<> atOnce{4};
+};
+
 } // namespace
 
 std::optional<QString> textByWorker(const FileContent &file, const QByteArray &encoding)
@@ -124,14 +136,12 @@ PdfResult pdfByWorker(std::u16string_view text, const PdfSettings &settings, con
 
 SmallPicture pictureByWorker(const QByteArray &file, int side)
 {
-    static std::counting_semaphore atOnce(4); // a folder may hold thousands
     Errand errand{.order = newOrder(Job::Picture, std::size_t(file.size())), .behind = {view(file)}};
     errand.order.picture = {.side = std::uint32_t(side)};
     SharedMemory pixels(std::size_t(side) * std::size_t(side) * sizeof(std::uint32_t));
     errand.result = pixels.number();
-    atOnce.acquire();
+    const Turn turn;
     const Report report = done(errand);
-    atOnce.release();
     const auto most = std::uint32_t(side);
     if (report.result != Report::Result::Done || report.width > most || report.height > most
         || !pixels.seal())

@@ -83,6 +83,11 @@ Mapped::~Mapped()
 
 void copyByHalves(std::string_view from, char *to)
 {
+    constexpr std::size_t worthAThread = 1 << 20;
+    if (from.size() < worthAThread) {
+        std::copy(from.begin(), from.end(), to);
+        return;
+    }
     const std::size_t half = from.size() / 2;
     const auto copy = [=](std::size_t first, std::size_t end) {
         std::copy_n(from.data() + first, end - first, to + first);

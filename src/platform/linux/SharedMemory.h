@@ -49,7 +49,7 @@ private:
     std::size_t m_size;
 };
 
-/// Copies on two threads, since the system takes most of the time, finding memory.
+/// Copies much on two threads, since the system takes most of the time, finding memory.
 void copyByHalves(std::string_view from, char *to);
 
 /// Has the system find memory for so many bytes of what was allocated now, not when they are written.
