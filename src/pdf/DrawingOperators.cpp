@@ -1,33 +1,22 @@
 #include "pdf/DrawingOperators.h"
 
-#include <charconv>
-#include <cmath>
+#include "pdf/PdfSyntax.h"
+
+#include <algorithm>
+#include <utility>
+
+using PdfSyntax::appendNumber;
 
 namespace {
-
-void appendNumber(std::string &to, double value)
-{
-    char digits[32];
-    const long long thousandths = std::llround(value * 1000);
-    char *end = std::to_chars(digits, digits + sizeof digits, thousandths / 1000).ptr;
-    if (thousandths < 0 && thousandths > -1000)
-        to += '-'; // which -0 has lost
-    to.append(digits, end);
-    int rest = int(std::llabs(thousandths) % 1000);
-    if (rest == 0)
-        return;
-    to += '.';
-    for (int unit = 100; rest > 0; rest %= unit, unit /= 10)
-        to += char('0' + rest / unit);
-}
 
 class Content {
 public:
     explicit Content(const Page &page)
-        : m_glyphs(page.glyphs)
-        , m_sayings(page.sayings)
+        : m_page(page)
+        , m_glyphs(page.glyphs)
     {
         m_text.reserve(64 + page.glyphs.size() * 3);
+        m_nextMark = nextMark();
     }
 
     void add(const Line &line);
@@ -35,8 +24,14 @@ public:
 
 private:
     void addGlyph();
+    std::size_t nextMark() const;
+    void beginMarks();
+    void endMarks();
+    void beginPassage();
+    void endPassage();
+    void beginForeign();
     void beginSaying();
-    void endSaying();
+    void endContent();
     void setFont(const Glyph &glyph);
     void setRise(Millipoints up);
     void setMute(bool mute);
@@ -48,12 +43,19 @@ private:
     void closeString();
     void closeArray();
 
+    const Page &m_page;
     const std::vector<Glyph> &m_glyphs;
-    const std::vector<Saying> &m_sayings;
     std::size_t m_glyph = 0;
     std::size_t m_lineEnd = 0;
+    bool m_goesBack = false;   // in the line
+    std::size_t m_passage = 0; // those that come next
+    std::size_t m_foreign = 0;
     std::size_t m_saying = 0;
-    std::size_t m_sayingEnd = 0; // 0 outside of one
+    std::size_t m_nextMark = 0; // the glyph where one of them does
+    bool m_inPassage = false;
+    int m_contents = 0;           // that belong to paragraphs
+    std::size_t m_foreignEnd = 0; // 0 outside of one
+    std::size_t m_sayingEnd = 0;
 
     std::string m_text = "BT\n";
     int m_font = -1;
@@ -77,12 +79,13 @@ void Content::add(const Line &line)
     m_left = line.left;
     m_baseline = line.baseline;
     m_lineEnd = m_glyph + line.glyphs;
+    m_goesBack = line.goesBack;
     for (; m_glyph < m_lineEnd; ++m_glyph) {
-        if (m_saying < m_sayings.size() && m_sayings[m_saying].first == m_glyph)
-            beginSaying();
+        if (m_glyph == m_nextMark)
+            beginMarks();
         addGlyph();
-        if (m_glyph + 1 == m_sayingEnd)
-            endSaying();
+        if (m_glyph + 1 == m_sayingEnd || m_glyph + 1 == m_foreignEnd)
+            endMarks();
     }
     setRise(0);
     setMute(false);
@@ -105,8 +108,11 @@ void Content::addGlyph()
     if (!glyph.code.isDrawn)
         appendByte(static_cast<unsigned char>(glyph.code.code >> 8));
     appendByte(static_cast<unsigned char>(glyph.code.code & 0xff));
-    if (after != m_spacing && m_glyph + 1 < m_lineEnd)
-        move(after - m_spacing);
+    if (after == m_spacing || m_glyph + 1 == m_lineEnd)
+        return;
+    move(after - m_spacing);
+    if (m_goesBack && after < 0)
+        closeArray(); // some readers take what is shown at once for a stretch from left to right
 }
 
 // Whether the next glyphs of the line have as much behind them: then saying so once is shorter.
@@ -122,9 +128,73 @@ bool Content::goesOnLike(Millipoints after) const
     return true;
 }
 
+// From the outside to the inside.
+void Content::beginMarks()
+{
+    const auto beginsHere = [this](const auto &all, std::size_t next) {
+        return next < all.size() && all[next].first == m_glyph;
+    };
+    if (beginsHere(m_page.passages, m_passage))
+        beginPassage();
+    if (beginsHere(m_page.foreign, m_foreign))
+        beginForeign();
+    if (beginsHere(m_page.sayings, m_saying))
+        beginSaying();
+    m_nextMark = nextMark();
+}
+
+std::size_t Content::nextMark() const
+{
+    const auto first = [](const auto &all, std::size_t next) {
+        return next < all.size() ? all[next].first : std::size_t(-1);
+    };
+    return std::min({first(m_page.passages, m_passage), first(m_page.foreign, m_foreign),
+                     first(m_page.sayings, m_saying)});
+}
+
+void Content::endMarks()
+{
+    for (std::size_t *end : {&m_sayingEnd, &m_foreignEnd}) {
+        if (*end != m_glyph + 1)
+            continue;
+        endContent();
+        *end = 0;
+    }
+}
+
+void Content::beginPassage()
+{
+    const Passage &passage = m_page.passages[m_passage++];
+    endPassage();
+    if (passage.paragraph == 0) {
+        m_text += "/Artifact BMC ";
+    } else {
+        m_text += passage.address == 0 ? "/P" : "/Link";
+        m_text += "<</MCID " + std::to_string(m_contents++) + ">>BDC ";
+    }
+    m_inPassage = true;
+}
+
+void Content::endPassage()
+{
+    if (std::exchange(m_inPassage, false))
+        endContent();
+    else
+        closeArray();
+}
+
+void Content::beginForeign()
+{
+    const Foreign &foreign = m_page.foreign[m_foreign++];
+    setMute(false);
+    closeArray();
+    m_text += "/Span<</Lang(" + foreign.language + ")>>BDC ";
+    m_foreignEnd = foreign.first + foreign.glyphs;
+}
+
 void Content::beginSaying()
 {
-    const Saying &saying = m_sayings[m_saying++];
+    const Saying &saying = m_page.sayings[m_saying++];
     setMute(false);
     closeArray();
     m_text += "/Span<</ActualText(\376\377"; // big-endian, as these say
@@ -136,11 +206,11 @@ void Content::beginSaying()
     m_sayingEnd = saying.first + saying.glyphs;
 }
 
-void Content::endSaying()
+void Content::endContent()
 {
+    setMute(false);
     closeArray();
     m_text += " EMC ";
-    m_sayingEnd = 0;
 }
 
 void Content::setFont(const Glyph &glyph)
@@ -234,6 +304,7 @@ void Content::closeArray()
 
 std::string Content::finished()
 {
+    endPassage();
     return std::move(m_text) + "ET\n";
 }
 

@@ -2,27 +2,28 @@
 
 #include "pdf/GlyphPainting.h"
 #include "pdf/PdfImage.h"
-#include "pdf/PdfStream.h"
+#include "pdf/PdfSyntax.h"
 
 #include <hb-ot.h>
+
+using PdfSyntax::number;
+using PdfSyntax::reference;
 
 namespace {
 
 constexpr int letterM = DocumentFonts::drawnPerFont;
 
-// Null where the font has no picture that can be read.
-QPDFObjectHandle picture(const FontFile &file, hb_codepoint_t glyph, const Pictures &pictures)
+int embedded(const FontFile &file, hb_codepoint_t glyph, Pictures &pictures)
 {
+    const auto [known, isNew] = pictures.embedded.try_emplace({&file, glyph});
+    if (!isNew)
+        return known->second;
     const HarfBuzz<hb_blob_t> blob(hb_ot_color_glyph_reference_png(file.font(), glyph));
     unsigned length = 0;
     const char *data = hb_blob_get_data(blob.get(), &length);
-    const auto pixels = pngPixels({data, length});
-    return pixels ? pdfImage(pictures.document, *pixels, pictures.grey) : QPDFObjectHandle::newNull();
-}
-
-std::string number(double value)
-{
-    return QPDFObjectHandle::newReal(value, 3).unparse();
+    if (const auto pixels = pngPixels({data, length}))
+        known->second = writeImage(pictures.file, *pixels, pictures.grey);
+    return known->second;
 }
 
 // A glyph of this font that is shown as one of the document's images.
@@ -42,56 +43,64 @@ std::string boxDrawing(double advance)
         + " 700 re S";
 }
 
+std::string drawing(const FontFile &file, hb_codepoint_t glyph, double advance, Pictures &pictures,
+                    Resources &resources)
+{
+    if (glyph == DocumentFonts::missing)
+        return boxDrawing(advance);
+    std::string drawing = number(advance) + " 0 d0";
+    if (glyph == DocumentFonts::nothing || !file.isDrawn())
+        return drawing;
+    if (file.glyphs() != FontFile::Glyphs::Pictures) {
+        appendGlyph(drawing += ' ', file, glyph, pictures.grey, resources);
+    } else if (const int image = embedded(file, glyph, pictures)) {
+        resources["/XObject"]["/P" + std::to_string(glyph)] = reference(image);
+        drawing = imageDrawing(file, glyph);
+    }
+    return drawing;
+}
+
+std::string unparsed(const Resources &resources)
+{
+    std::string text = "<<";
+    for (const auto &[kind, all] : resources) {
+        text += kind + " <<";
+        for (const auto &[name, resource] : all)
+            text += name + ' ' + resource + ' ';
+        text += ">> ";
+    }
+    return text + ">>";
+}
+
 } // namespace
 
-QPDFObjectHandle drawnFont(const DocumentFonts::Font &font, Pictures &pictures)
+std::string drawnFont(const DocumentFonts::Font &font, Pictures &pictures)
 {
-    QPDF &document = pictures.document;
-    QPDFObjectHandle images = QPDFObjectHandle::newDictionary();
-    QPDFObjectHandle resources = QPDFObjectHandle::newDictionary();
-    QPDFObjectHandle procedures = QPDFObjectHandle::newDictionary();
-    QPDFObjectHandle differences = QPDFObjectHandle::newArray();
-    QPDFObjectHandle widths = QPDFObjectHandle::newArray();
-    differences.appendItem(QPDFObjectHandle::newInteger(0));
+    Resources resources;
+    std::string procedures, names, widths;
     for (std::size_t code = 0; code < font.codes.size(); ++code) {
         const hb_codepoint_t glyph = font.codes.at(std::uint16_t(code)).glyph;
         const double advance = glyph == DocumentFonts::nothing ? 0 : font.file->advance(glyph) / textSize;
-        std::string drawing = number(advance) + " 0 d0";
-        if (glyph == DocumentFonts::missing) {
-            drawing = boxDrawing(advance);
-        } else if (font.file->glyphs() == FontFile::Glyphs::Pictures) {
-            QPDFObjectHandle &image = pictures.embedded[{font.file, glyph}];
-            if (!image.isInitialized())
-                image = picture(*font.file, glyph, pictures);
-            if (!image.isNull()) {
-                images.replaceKey("/P" + std::to_string(glyph), image);
-                drawing = imageDrawing(*font.file, glyph);
-            }
-        } else if (font.file->isDrawn() && glyph != DocumentFonts::nothing) {
-            appendGlyph(drawing += ' ', *font.file, glyph, pictures.grey, resources);
-        }
-        const std::string name = "/g" + std::to_string(code);
-        procedures.replaceKey(name, pdfStream(document, drawing));
-        differences.appendItem(QPDFObjectHandle::newName(name));
-        widths.appendItem(QPDFObjectHandle::newReal(advance, 3));
+        const std::string name = "/g" + std::to_string(code) + ' ';
+        procedures += name
+            + reference(pictures.file.addStream("",
+                                                drawing(*font.file, glyph, advance, pictures, resources)))
+            + ' ';
+        names += name;
+        widths += number(advance) + ' ';
     }
     // Some readers take the size of such a font from the width of its letter m, and set what seems to be
     // of another size apart.
-    procedures.replaceKey("/m", pdfStream(document, "600 0 d0"));
-    differences.appendItem(QPDFObjectHandle::newInteger(letterM));
-    differences.appendItem(QPDFObjectHandle::newName("/m"));
-    while (widths.getArrayNItems() < letterM)
-        widths.appendItem(QPDFObjectHandle::newInteger(0));
-    widths.appendItem(QPDFObjectHandle::newInteger(600));
-
-    QPDFObjectHandle made = QPDFObjectHandle::parse("<</Type /Font /Subtype /Type3 /FontBBox [0 -300 1300 "
-                                                    "1000] /FontMatrix [0.001 0 0 0.001 0 0] /FirstChar 0 "
-                                                    "/Encoding <</Type /Encoding>> >>");
-    made.replaceKey("/LastChar", QPDFObjectHandle::newInteger(letterM));
-    made.replaceKey("/Widths", widths);
-    made.replaceKey("/CharProcs", procedures);
-    made.getKey("/Encoding").replaceKey("/Differences", differences);
-    resources.replaceKey("/XObject", images);
-    made.replaceKey("/Resources", resources);
-    return document.makeIndirectObject(made);
+    procedures += "/m " + reference(pictures.file.addStream("", "600 0 d0"));
+    for (std::size_t code = font.codes.size(); code < letterM; ++code)
+        widths += "0 ";
+    const std::string last = std::to_string(letterM);
+    const int descriptor =
+        pictures.file.add("<</Type /FontDescriptor /FontName /Drawn /Flags 4 /ItalicAngle 0>>");
+    return "/Type /Font /Subtype /Type3 /FontDescriptor " + reference(descriptor)
+        + " /FontBBox [0 -300 1300 1000] /FontMatrix [0.001 0 0 0.001 0 0]"
+          " /FirstChar 0 /LastChar "
+        + last + " /Widths [" + widths + "600] /CharProcs <<" + procedures
+        + ">> /Encoding <</Type /Encoding /Differences [0 " + names + last + " /m]>> /Resources "
+        + unparsed(resources);
 }

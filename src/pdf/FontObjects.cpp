@@ -2,29 +2,29 @@
 
 #include "pdf/DrawnFont.h"
 #include "pdf/OutlineFont.h"
-#include "pdf/PdfStream.h"
+#include "pdf/PdfSyntax.h"
+
+using PdfSyntax::appendHex;
+using PdfSyntax::reference;
 
 namespace {
 
-void appendHex(std::string &to, unsigned value, int digits)
-{
-    while (digits-- > 0)
-        to += "0123456789ABCDEF"[(value >> (4 * digits)) & 15];
-}
+// In place of what a map must not hold; the page says what it is.
+constexpr char16_t replacement = 0xfffd;
+// A code without a text goes with its neighbours: nothing that can be seen.
+constexpr std::u16string_view noText = u"\u200b";
 
-// Which text each code stands for. A code without one goes with its neighbours.
+// Which text each code stands for.
 std::string textsOfCodes(const DocumentFonts::Font &font, int digitsOfCode)
 {
     const std::map<std::uint16_t, DocumentFonts::Entry> sorted(font.codes.begin(), font.codes.end());
     std::vector<std::string> rows;
     for (const auto &[code, entry] : sorted) {
-        if (entry.text.empty())
-            continue;
         std::string row = "<";
         appendHex(row, code, digitsOfCode);
         row += "> <";
-        for (const char16_t unit : entry.text)
-            appendHex(row, unit, 4);
+        for (const char16_t unit : entry.text.empty() ? noText : entry.text)
+            appendHex(row, DocumentFonts::canBeMapped(unit) ? unit : replacement, 4);
         rows.push_back(row + ">\n");
     }
     std::string map = "/CIDInit /ProcSet findresource begin\n12 dict begin\nbegincmap\n"
@@ -55,39 +55,36 @@ std::map<const FontFile *, UsedGlyphs> usedGlyphs(const DocumentFonts &fonts)
     return used;
 }
 
-QPDFObjectHandle composite(QPDF &document, QPDFObjectHandle outlines)
+std::string composite(const EmbeddedFont &font)
 {
-    QPDFObjectHandle font =
-        QPDFObjectHandle::parse("<</Type /Font /Subtype /Type0 /Encoding /Identity-H>>");
-    font.replaceKey("/BaseFont", outlines.getKey("/BaseFont"));
-    font.replaceKey("/DescendantFonts", QPDFObjectHandle::newArray({outlines}));
-    return document.makeIndirectObject(font);
+    return "/Type /Font /Subtype /Type0 /Encoding /Identity-H /BaseFont /" + font.name
+        + " /DescendantFonts [" + reference(font.object) + ']';
 }
 
 } // namespace
 
-QPDFObjectHandle fontResources(QPDF &document, const DocumentFonts &fonts, bool grey,
-                               const std::function<void()> &look)
+std::string fontResources(PdfFile &file, const DocumentFonts &fonts, bool grey,
+                          const std::function<void()> &look)
 {
     const auto used = usedGlyphs(fonts);
-    std::map<const FontFile *, QPDFObjectHandle> outlines;
-    Pictures pictures{document, grey, {}};
-    QPDFObjectHandle resources = QPDFObjectHandle::newDictionary();
+    std::map<const FontFile *, EmbeddedFont> embedded;
+    Pictures pictures{file, grey, {}};
+    std::string resources = "<<";
     for (std::size_t number = 0; number < fonts.fonts().size(); ++number) {
         const DocumentFonts::Font &font = fonts.fonts()[number];
-        QPDFObjectHandle made;
+        std::string entries;
         look();
         if (font.isDrawn) {
-            made = drawnFont(font, pictures);
+            entries = drawnFont(font, pictures);
         } else {
-            QPDFObjectHandle &shared = outlines[font.file];
-            if (!shared.isInitialized())
-                shared =
-                    outlineFont(document, *font.file, used.at(font.file), subsetName(*font.file, number));
-            made = composite(document, shared);
+            EmbeddedFont &shared = embedded[font.file];
+            if (shared.object == 0)
+                shared = outlineFont(file, *font.file, used.at(font.file), number);
+            entries = composite(shared);
         }
-        made.replaceKey("/ToUnicode", pdfStream(document, textsOfCodes(font, font.isDrawn ? 2 : 4)));
-        resources.replaceKey("/F" + std::to_string(number), made);
+        const int texts = file.addStream("", textsOfCodes(font, font.isDrawn ? 2 : 4));
+        const int made = file.add("<<" + entries + " /ToUnicode " + reference(texts) + ">>");
+        resources += "/F" + std::to_string(number) + ' ' + reference(made) + ' ';
     }
-    return resources;
+    return resources + ">>";
 }

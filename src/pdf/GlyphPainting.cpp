@@ -1,5 +1,8 @@
 #include "pdf/GlyphPainting.h"
 
+#include "pdf/GlyphOutline.h"
+#include "pdf/PdfSyntax.h"
+
 #include <hb-ot.h>
 
 #include <algorithm>
@@ -15,18 +18,13 @@ constexpr unsigned textColour = 0xffff; // in place of one of the palette's
 
 std::string number(double value)
 {
-    return QPDFObjectHandle::newReal(value, 6).unparse() + ' ';
+    return PdfSyntax::number(value, 6) + ' ';
 }
-
-template <class T> struct FreeFunctions;
-template <> struct FreeFunctions<hb_draw_funcs_t> {
-    void operator()(hb_draw_funcs_t *functions) const { hb_draw_funcs_destroy(functions); }
-};
 
 /// Writes the operators; lengths are those of the text.
 class Painter {
 public:
-    Painter(std::string &to, hb_codepoint_t glyph, bool grey, QPDFObjectHandle &resources)
+    Painter(std::string &to, hb_codepoint_t glyph, bool grey, Resources &resources)
         : m_to(to)
         , m_glyph(glyph)
         , m_grey(grey)
@@ -56,43 +54,27 @@ private:
     const hb_codepoint_t m_glyph;
     int m_shadings = 0;
     const bool m_grey;
-    QPDFObjectHandle &m_resources;
+    Resources &m_resources;
 };
-
-void moveTo(hb_draw_funcs_t *, void *to, hb_draw_state_t *, float x, float y, void *)
-{
-    static_cast<Painter *>(to)->append({x, y}, "m ");
-}
-
-void lineTo(hb_draw_funcs_t *, void *to, hb_draw_state_t *, float x, float y, void *)
-{
-    static_cast<Painter *>(to)->append({x, y}, "l ");
-}
-
-void curveTo(hb_draw_funcs_t *, void *to, hb_draw_state_t *, float x1, float y1, float x2, float y2,
-             float x, float y, void *)
-{
-    static_cast<Painter *>(to)->append({x1, y1, x2, y2, x, y}, "c ");
-}
-
-void closePath(hb_draw_funcs_t *, void *to, hb_draw_state_t *, void *)
-{
-    static_cast<Painter *>(to)->append({}, "h ");
-}
 
 void Painter::appendPath(hb_font_t *font, hb_codepoint_t glyph)
 {
-    const std::unique_ptr<hb_draw_funcs_t, FreeFunctions<hb_draw_funcs_t>> functions(
-        hb_draw_funcs_create());
-    hb_draw_funcs_set_move_to_func(functions.get(), moveTo, nullptr, nullptr);
-    hb_draw_funcs_set_line_to_func(functions.get(), lineTo, nullptr, nullptr);
-    hb_draw_funcs_set_cubic_to_func(functions.get(), curveTo, nullptr, nullptr);
-    hb_draw_funcs_set_close_path_func(functions.get(), closePath, nullptr, nullptr);
-#if HB_VERSION_ATLEAST(7, 0, 0)
-    hb_font_draw_glyph(font, glyph, functions.get(), this);
-#else
-    hb_font_get_glyph_shape(font, glyph, functions.get(), this);
-#endif
+    for (const auto &[kind, points] : outlineOf(font, glyph)) {
+        const auto &[a, b, c] = points;
+        switch (kind) {
+        case OutlineStep::Kind::Move:
+            append({a.x, a.y}, "m ");
+            break;
+        case OutlineStep::Kind::Line:
+            append({a.x, a.y}, "l ");
+            break;
+        case OutlineStep::Kind::Curve:
+            append({a.x, a.y, b.x, b.y, c.x, c.y}, "c ");
+            break;
+        case OutlineStep::Kind::Close:
+            append({}, "h ");
+        }
+    }
 }
 
 // Grey is as bright as the colour looks.
@@ -119,10 +101,7 @@ void Painter::setOpacity(unsigned alpha)
 
 void Painter::add(const char *kind, const std::string &name, const std::string &dictionary)
 {
-    if (!m_resources.hasKey(kind))
-        m_resources.replaceKey(kind, QPDFObjectHandle::newDictionary());
-    if (QPDFObjectHandle all = m_resources.getKey(kind); !all.hasKey(name))
-        all.replaceKey(name, QPDFObjectHandle::parse(dictionary));
+    m_resources[kind].try_emplace(name, dictionary);
 }
 
 hb_color_t colourOf(const FontFile &font, unsigned index)
@@ -151,7 +130,7 @@ void drawLayers(Painter &painter, const FontFile &font, hb_codepoint_t glyph)
 
 #if HB_VERSION_ATLEAST(7, 0, 0)
 
-template <> struct FreeFunctions<hb_paint_funcs_t> {
+struct FreeFunctions {
     void operator()(hb_paint_funcs_t *functions) const { hb_paint_funcs_destroy(functions); }
 };
 
@@ -320,8 +299,7 @@ void paintSweep(hb_paint_funcs_t *functions, void *data, hb_color_line_t *line, 
 
 void paint(Painter &painter, const FontFile &font, hb_codepoint_t glyph)
 {
-    const std::unique_ptr<hb_paint_funcs_t, FreeFunctions<hb_paint_funcs_t>> functions(
-        hb_paint_funcs_create());
+    const std::unique_ptr<hb_paint_funcs_t, FreeFunctions> functions(hb_paint_funcs_create());
     hb_paint_funcs_set_push_transform_func(functions.get(), pushTransform, nullptr, nullptr);
     hb_paint_funcs_set_pop_transform_func(functions.get(), pop, nullptr, nullptr);
     hb_paint_funcs_set_push_clip_glyph_func(functions.get(), clipGlyph, nullptr, nullptr);
@@ -346,7 +324,7 @@ void paint(Painter &painter, const FontFile &font, hb_codepoint_t glyph)
 } // namespace
 
 void appendGlyph(std::string &to, const FontFile &font, hb_codepoint_t glyph, bool grey,
-                 QPDFObjectHandle &resources)
+                 Resources &resources)
 {
     Painter painter(to, glyph, grey, resources);
     constexpr double scale = 1 / textSize;

@@ -1,11 +1,15 @@
 #include "pdf/OutlineFont.h"
 
-#include "pdf/PdfStream.h"
+#include "pdf/GlyphOutline.h"
+#include "pdf/PdfSyntax.h"
 
 #include <hb-ot.h>
 #include <hb-subset.h>
 
 #include <stdexcept>
+
+using PdfSyntax::number;
+using PdfSyntax::reference;
 
 namespace {
 
@@ -55,67 +59,19 @@ double perThousand(Millipoints length)
 }
 
 // The box of all glyphs, as the font's head has it.
-QPDFObjectHandle boundingBox(hb_face_t *face)
+std::string boundingBox(hb_face_t *face)
 {
     const HarfBuzz<hb_blob_t> head(hb_face_reference_table(face, HB_TAG('h', 'e', 'a', 'd')));
     const std::string bytes = bytesOf(head.get());
-    QPDFObjectHandle box = QPDFObjectHandle::newArray();
+    std::string box = "[";
     for (std::size_t at = 36; at < 44; at += 2) { // xMin, yMin, xMax, yMax
         const int value = at + 1 < bytes.size() ? std::int16_t((static_cast<unsigned char>(bytes[at]) << 8)
                                                                | static_cast<unsigned char>(bytes[at + 1]))
                                                 : 0;
-        box.appendItem(QPDFObjectHandle::newReal(value * 1000.0 / hb_face_get_upem(face), 1));
+        box += number(value * 1000.0 / hb_face_get_upem(face), 1) + ' ';
     }
-    return box;
+    return box + ']';
 }
-
-QPDFObjectHandle descriptor(QPDF &document, const FontFile &file, const UsedGlyphs &glyphs,
-                            const std::string &name)
-{
-    const bool trueType = file.glyphs() == FontFile::Glyphs::TrueType;
-    const std::string bytes = subset(file, glyphs);
-    QPDFObjectHandle program = pdfStream(document, bytes);
-    if (trueType)
-        program.getDict().replaceKey("/Length1", QPDFObjectHandle::newInteger(std::int64_t(bytes.size())));
-    else
-        program.getDict().replaceKey("/Subtype", QPDFObjectHandle::newName("/CIDFontType0C"));
-
-    QPDFObjectHandle dictionary =
-        QPDFObjectHandle::parse("<</Type /FontDescriptor /Flags 4 /ItalicAngle 0 /StemV 80>>");
-    dictionary.replaceKey("/FontName", QPDFObjectHandle::newName("/" + name));
-    dictionary.replaceKey("/FontBBox", boundingBox(file.face()));
-    const auto length = [&](const char *key, Millipoints value) {
-        dictionary.replaceKey(key, QPDFObjectHandle::newReal(perThousand(value), 1));
-    };
-    length("/Ascent", file.ascent());
-    length("/Descent", -file.descent());
-    length("/CapHeight", file.ascent());
-    dictionary.replaceKey(trueType ? "/FontFile2" : "/FontFile3", program);
-    return document.makeIndirectObject(dictionary);
-}
-
-// Runs of codes, each with the widths of its glyphs.
-QPDFObjectHandle widths(const FontFile &file, const UsedGlyphs &glyphs)
-{
-    QPDFObjectHandle all = QPDFObjectHandle::newArray();
-    QPDFObjectHandle run;
-    int last = -2;
-    for (const auto &[code, glyph] : glyphs) {
-        const Millipoints advance = file.advance(glyph);
-        if (advance == Millipoints(textSize * 1000))
-            continue; // which is the default
-        if (code != last + 1) {
-            run = QPDFObjectHandle::newArray();
-            all.appendItem(QPDFObjectHandle::newInteger(code));
-            all.appendItem(run);
-        }
-        run.appendItem(QPDFObjectHandle::newReal(perThousand(advance), 3));
-        last = code;
-    }
-    return all;
-}
-
-} // namespace
 
 std::string subsetName(const FontFile &file, std::size_t number)
 {
@@ -136,17 +92,70 @@ std::string subsetName(const FontFile &file, std::size_t number)
     return name;
 }
 
-QPDFObjectHandle outlineFont(QPDF &document, const FontFile &file, const UsedGlyphs &glyphs,
-                             const std::string &name)
+bool isTrueType(const FontFile &file)
 {
-    QPDFObjectHandle font = QPDFObjectHandle::parse("<</Type /Font /DW 1000 /CIDSystemInfo <</Registry "
-                                                    "(Adobe) /Ordering (Identity) /Supplement 0>> >>");
-    const bool trueType = file.glyphs() == FontFile::Glyphs::TrueType;
-    font.replaceKey("/Subtype", QPDFObjectHandle::newName(trueType ? "/CIDFontType2" : "/CIDFontType0"));
-    if (trueType)
-        font.replaceKey("/CIDToGIDMap", QPDFObjectHandle::newName("/Identity"));
-    font.replaceKey("/BaseFont", QPDFObjectHandle::newName("/" + name));
-    font.replaceKey("/FontDescriptor", descriptor(document, file, glyphs, name));
-    font.replaceKey("/W", widths(file, glyphs));
-    return document.makeIndirectObject(font);
+    return file.glyphs() == FontFile::Glyphs::TrueType;
+}
+
+// What the font file's entry in the descriptor says.
+std::string program(PdfFile &to, const FontFile &file, const UsedGlyphs &glyphs)
+{
+    const std::string bytes = subset(file, glyphs);
+    if (isTrueType(file))
+        return "/FontFile2 " + reference(to.addStream("/Length1 " + std::to_string(bytes.size()), bytes));
+    return "/FontFile3 " + reference(to.addStream("/Subtype /CIDFontType0C", bytes));
+}
+
+Millipoints capHeight(const FontFile &file)
+{
+    hb_position_t height = 0;
+    hb_codepoint_t letter = 0;
+    if (hb_ot_metrics_get_position(file.font(), HB_OT_METRICS_TAG_CAP_HEIGHT, &height) && height > 0)
+        return height;
+    if (hb_font_get_nominal_glyph(file.font(), U'H', &letter))
+        return file.ink(letter).top;
+    return file.ascent();
+}
+
+int descriptor(PdfFile &to, const FontFile &file, const UsedGlyphs &glyphs, const std::string &name)
+{
+    const auto length = [](const char *key, Millipoints value) {
+        return key + number(perThousand(value), 1);
+    };
+    const double slant = hb_style_get_value(file.font(), HB_STYLE_TAG_SLANT_ANGLE);
+    return to.add("<</Type /FontDescriptor /Flags 4 /ItalicAngle " + number(slant, 1) + " /FontName /"
+                  + name + " /FontBBox " + boundingBox(file.face()) + length(" /Ascent ", file.ascent())
+                  + length(" /Descent ", -file.descent()) + length(" /CapHeight ", capHeight(file))
+                  + length(" /StemV ", stemWidth(file)) + ' ' + program(to, file, glyphs) + ">>");
+}
+
+// Runs of codes, each with the widths of its glyphs.
+std::string widths(const FontFile &file, const UsedGlyphs &glyphs)
+{
+    std::string all;
+    int last = -2;
+    for (const auto &[code, glyph] : glyphs) {
+        const Millipoints advance = file.advance(glyph);
+        if (advance == Millipoints(textSize * 1000))
+            continue; // which is the default
+        if (code != last + 1)
+            all += (all.empty() ? "" : "] ") + std::to_string(code) + " [";
+        all += number(perThousand(advance)) + ' ';
+        last = code;
+    }
+    return '[' + all + (all.empty() ? "]" : "]]");
+}
+
+} // namespace
+
+EmbeddedFont outlineFont(PdfFile &to, const FontFile &file, const UsedGlyphs &glyphs, std::size_t number)
+{
+    const std::string name = subsetName(file, number);
+    const char *kind = isTrueType(file) ? "2 /CIDToGIDMap /Identity" : "0";
+    const int object = to.add(
+        "<</Type /Font /DW 1000 /CIDSystemInfo <</Registry (Adobe) /Ordering (Identity) /Supplement 0>>"
+        " /Subtype /CIDFontType"
+        + std::string(kind) + " /BaseFont /" + name + " /FontDescriptor "
+        + reference(descriptor(to, file, glyphs, name)) + " /W " + widths(file, glyphs) + ">>");
+    return {object, name};
 }

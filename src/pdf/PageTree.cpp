@@ -1,75 +1,51 @@
 #include "pdf/PageTree.h"
 
-#include <algorithm>
-#include <cstdio>
+#include "pdf/ObjectTree.h"
+#include "pdf/PdfSyntax.h"
+
+using PdfSyntax::number;
+using PdfSyntax::reference;
 
 namespace {
 
 constexpr std::size_t branches = 64;
 
-struct Node {
-    int number = 0;
-    std::size_t pages = 0;
-    std::vector<int> kids;
-};
-
-std::string entriesOf(const Node &node)
+std::string entriesOf(const ObjectTree::Node &node)
 {
-    std::string text = "/Type /Pages /Count " + std::to_string(node.pages) + " /Kids [";
-    for (const int kid : node.kids)
-        text += PdfFile::reference(kid) + ' ';
-    return text + ']';
+    return "/Type /Pages /Count " + std::to_string(node.leaves) + " /Kids " + references(node.kids);
 }
 
-std::string withParent(const std::string &entries, int parent)
+std::string entriesOf(const PageObjects &page)
 {
-    return "<<" + entries + " /Parent " + PdfFile::reference(parent) + ">>";
-}
-
-std::vector<Node> leaves(PdfFile &file, const std::vector<int> &contents, std::vector<int> &pages)
-{
-    std::vector<Node> nodes;
-    for (const int content : contents) {
-        if (nodes.empty() || nodes.back().kids.size() == branches)
-            nodes.push_back({.number = file.newObject()});
-        const int page = file.newObject();
-        file.write(page,
-                   withParent("/Type /Page /Contents " + PdfFile::reference(content), nodes.back().number));
-        nodes.back().kids.push_back(page);
-        ++nodes.back().pages;
-        pages.push_back(page);
-    }
-    return nodes;
-}
-
-std::vector<Node> parents(PdfFile &file, const std::vector<Node> &nodes)
-{
-    std::vector<Node> above;
-    for (const Node &node : nodes) {
-        if (above.empty() || above.back().kids.size() == branches)
-            above.push_back({.number = file.newObject()});
-        file.write(node.number, withParent(entriesOf(node), above.back().number));
-        above.back().kids.push_back(node.number);
-        above.back().pages += node.pages;
-    }
-    return above;
+    std::string entries = "/Type /Page /Contents " + reference(page.content);
+    if (page.key >= 0)
+        entries += " /StructParents " + std::to_string(page.key);
+    if (!page.links.empty())
+        entries += " /Tabs /S /Annots " + references(page.links);
+    return entries;
 }
 
 } // namespace
 
-PageTree writePages(PdfFile &file, const std::vector<int> &contents, const std::string &resources,
+PageTree writePages(PdfFile &file, const std::vector<PageObjects> &pages, const std::string &resources,
                     const PageFormat &format)
 {
-    PageTree tree;
-    tree.pages.reserve(contents.size());
-    std::vector<Node> nodes = leaves(file, contents, tree.pages);
-    while (nodes.size() > 1)
-        nodes = parents(file, nodes);
-    if (nodes.empty())
-        nodes.push_back({.number = file.newObject()});
-    tree.root = nodes.front().number;
-    char box[64];
-    std::snprintf(box, sizeof box, " /MediaBox [0 0 %.2f %.2f]", format.width, format.height);
-    file.write(tree.root, "<<" + entriesOf(nodes.front()) + box + " /Resources " + resources + ">>");
-    return tree;
+    const auto withParent = [](const std::string &entries, int parent) {
+        return "<<" + entries + " /Parent " + reference(parent) + ">>";
+    };
+    ObjectTree tree(file, branches, [&](const ObjectTree::Node &node, int parent) {
+        return withParent(entriesOf(node), parent);
+    });
+    PageTree written;
+    written.pages.reserve(pages.size());
+    for (const PageObjects &page : pages) {
+        written.pages.push_back(file.add(withParent(entriesOf(page), tree.nextParent())));
+        tree.add(written.pages.back());
+    }
+    const ObjectTree::Node root = tree.finish();
+    written.root = root.number;
+    file.write(root.number,
+               "<<" + entriesOf(root) + " /MediaBox [0 0 " + number(format.width) + ' '
+                   + number(format.height) + "] /Resources " + resources + ">>");
+    return written;
 }

@@ -3,13 +3,19 @@
 #include "pdf/PdfFile.h"
 #include "typesetting/PageFormat.h"
 
-/// The pages of a document as readers find them: a tree of a few levels, whatever their number.
+/// A page that is yet to be written.
+struct PageObjects {
+    int content = 0;
+    int key = -1;           // by which its structure is found; none: -1
+    std::vector<int> links; // annotations
+};
+
+/// The pages of a document as readers find them.
 struct PageTree {
     int root = 0;
     std::vector<int> pages; // the objects, in order
 };
 
-/// Writes pages that show these contents, in that order; the same one may come again. `resources` are what
-/// all of them refer to.
-PageTree writePages(PdfFile &file, const std::vector<int> &contents, const std::string &resources,
+/// Writes these pages, in that order. `resources` are what all of them refer to.
+PageTree writePages(PdfFile &file, const std::vector<PageObjects> &pages, const std::string &resources,
                     const PageFormat &format);

@@ -1,6 +1,7 @@
 #include "pdf/PdfFile.h"
 
 #include "pdf/Deflate.h"
+#include "pdf/PdfSyntax.h"
 
 #include <functional>
 #include <stdexcept>
@@ -43,9 +44,18 @@ int PdfFile::newObject()
     return int(m_places.size() - 1);
 }
 
-std::string PdfFile::reference(int number)
+int PdfFile::add(std::string_view object)
 {
-    return std::to_string(number) + " 0 R";
+    const int number = newObject();
+    write(number, object);
+    return number;
+}
+
+int PdfFile::addStream(std::string_view entries, std::string_view bytes)
+{
+    const int number = newObject();
+    writeStream(number, std::string(entries) + " /Filter /FlateDecode", deflated(bytes));
+    return number;
 }
 
 void PdfFile::write(int number, std::string_view object)
@@ -62,12 +72,11 @@ void PdfFile::writePacked()
 {
     if (m_packed.empty())
         return;
-    const int pack = newObject();
+    const std::string entries = "/Type /ObjStm /N " + std::to_string(m_packed.size()) + " /First "
+        + std::to_string(m_packedPlaces.size());
+    const int pack = addStream(entries, m_packedPlaces + m_packedObjects);
     for (const int number : m_packed)
         m_places[std::size_t(number)].where = std::uint64_t(pack);
-    const std::string entries = "/Type /ObjStm /Filter /FlateDecode /N " + std::to_string(m_packed.size())
-        + " /First " + std::to_string(m_packedPlaces.size());
-    writeStream(pack, entries, deflated(m_packedPlaces + m_packedObjects));
     m_packed.clear();
     m_packedPlaces.clear();
     m_packedObjects.clear();
@@ -76,7 +85,7 @@ void PdfFile::writePacked()
 void PdfFile::writeStream(int number, std::string_view entries, std::string_view bytes)
 {
     if (m_length == 0)
-        put("%PDF-1.5\n%\277\367\242\376\n");
+        put("%PDF-1.7\n%\277\367\242\376\n");
     m_places[std::size_t(number)].where = m_length;
     put(std::to_string(number) + " 0 obj\n");
     putStream(entries, bytes);
@@ -128,10 +137,10 @@ void PdfFile::finish(int catalog, int information)
     m_places[std::size_t(number)].where = begin;
     const std::string size = std::to_string(m_places.size());
     const std::string mark = '<' + hex(m_digest) + hex(m_length) + '>';
-    const std::string entries = "/Type /XRef /W [1 6 2] /Size " + size + " /Root " + reference(catalog)
-        + " /Info " + reference(information) + " /ID [" + mark + mark
-        + "] /Filter /FlateDecode /DecodeParms <</Predictor 12 /Columns " + std::to_string(bytesOfRow)
-        + ">>";
+    const std::string entries = "/Type /XRef /W [1 6 2] /Size " + size + " /Root "
+        + PdfSyntax::reference(catalog) + " /Info " + PdfSyntax::reference(information) + " /ID [" + mark
+        + mark + "] /Filter /FlateDecode /DecodeParms <</Predictor 12 /Columns "
+        + std::to_string(bytesOfRow) + ">>";
     put(std::to_string(number) + " 0 obj\n");
     putStream(entries, deflated(table()));
     put("startxref\n" + std::to_string(begin) + "\n%%EOF\n");

@@ -18,11 +18,15 @@ public:
 
     /// A number for an object that is yet to be written. Throws when there are too many.
     int newObject();
-    static std::string reference(int number);
 
     void write(int number, std::string_view object);
     /// `entries` of its dictionary: all but the length.
     void writeStream(int number, std::string_view entries, std::string_view bytes);
+
+    /// Both return the number that the object has got.
+    int add(std::string_view object);
+    /// The bytes are compressed here; `entries` say nothing of that.
+    int addStream(std::string_view entries, std::string_view bytes);
 
     /// Ends the file; these objects are its catalog and its information.
     void finish(int catalog, int information);

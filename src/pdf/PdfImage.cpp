@@ -1,23 +1,15 @@
 #include "pdf/PdfImage.h"
 
-#include "pdf/PdfStream.h"
-
-#include <string>
+#include "pdf/PdfSyntax.h"
 
 namespace {
 
-QPDFObjectHandle samples(QPDF &document, const Pixels &pixels, const char *colours,
-                         const std::string &bytes)
+int samples(PdfFile &file, const Pixels &pixels, const std::string &entries, const std::string &bytes)
 {
-    QPDFObjectHandle stream = pdfStream(document, bytes);
-    QPDFObjectHandle dictionary = stream.getDict();
-    dictionary.replaceKey("/Type", QPDFObjectHandle::newName("/XObject"));
-    dictionary.replaceKey("/Subtype", QPDFObjectHandle::newName("/Image"));
-    dictionary.replaceKey("/ColorSpace", QPDFObjectHandle::newName(colours));
-    dictionary.replaceKey("/BitsPerComponent", QPDFObjectHandle::newInteger(8));
-    dictionary.replaceKey("/Width", QPDFObjectHandle::newInteger(pixels.width));
-    dictionary.replaceKey("/Height", QPDFObjectHandle::newInteger(pixels.height));
-    return stream;
+    return file.addStream("/Type /XObject /Subtype /Image /BitsPerComponent 8 /Width "
+                              + std::to_string(pixels.width) + " /Height " + std::to_string(pixels.height)
+                              + " /ColorSpace " + entries,
+                          bytes);
 }
 
 // As bright as it looks.
@@ -28,7 +20,7 @@ char greyOf(const unsigned char *pixel)
 
 } // namespace
 
-QPDFObjectHandle pdfImage(QPDF &document, const Pixels &pixels, bool grey)
+int writeImage(PdfFile &file, const Pixels &pixels, bool grey)
 {
     std::string colours;
     std::string opacity;
@@ -40,8 +32,8 @@ QPDFObjectHandle pdfImage(QPDF &document, const Pixels &pixels, bool grey)
             colours.append(reinterpret_cast<const char *>(pixel), 3);
         opacity += char(pixel[3]);
     }
-    QPDFObjectHandle drawn = samples(document, pixels, grey ? "/DeviceGray" : "/DeviceRGB", colours);
+    std::string entries = grey ? "/DeviceGray" : "/DeviceRGB";
     if (pixels.hasOpacity)
-        drawn.getDict().replaceKey("/SMask", samples(document, pixels, "/DeviceGray", opacity));
-    return drawn;
+        entries += " /SMask " + PdfSyntax::reference(samples(file, pixels, "/DeviceGray", opacity));
+    return samples(file, pixels, entries, colours);
 }

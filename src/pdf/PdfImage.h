@@ -1,8 +1,7 @@
 #pragma once
 
+#include "pdf/PdfFile.h"
 #include "pdf/PngPixels.h"
 
-#include <qpdf/QPDF.hh>
-
-/// Embeds an image, to be drawn into the unit square.
-QPDFObjectHandle pdfImage(QPDF &document, const Pixels &pixels, bool grey);
+/// Embeds an image, to be drawn into the unit square. Returns its object.
+int writeImage(PdfFile &file, const Pixels &pixels, bool grey);

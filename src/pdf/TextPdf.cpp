@@ -2,9 +2,8 @@
 
 #include "pdf/CompressedPages.h"
 #include "pdf/FontObjects.h"
-#include "pdf/PageTree.h"
 #include "pdf/PdfDescription.h"
-#include "pdf/PdfObjects.h"
+#include "pdf/TextTags.h"
 #include "typesetting/FontSituation.h"
 #include "typesetting/Typesetter.h"
 
@@ -63,16 +62,34 @@ private:
     int m_other = 0;
 };
 
-std::vector<int> contents(std::u16string_view text, const PdfSettings &settings, FontList &fonts,
-                          DocumentFonts &codes, PdfProgress &progress, PdfFile &file)
+// Pages that are there twice, or the last one first, can't be read one after the other.
+bool isRead(const PdfSettings &settings)
+{
+    return settings.copies == 1 && !settings.lastFirst;
+}
+
+void withoutTags(Page &page)
+{
+    page.passages.clear();
+    page.foreign.clear();
+    page.links.clear();
+}
+
+std::vector<PageObjects> pagesOf(std::u16string_view text, const PdfSettings &settings, FontList &fonts,
+                                 DocumentFonts &codes, PdfProgress &progress, PdfFile &file, TextTags &tags)
 {
     Contents written(file);
     CompressedPages made(threadsBeside(), [&](PageContent &&content) { written.add(std::move(content)); });
+    std::vector<PageObjects> pages;
     int number = 0;
     const auto take = [&](Page &&page, std::size_t done) {
         ++number;
-        if (settings.wants(number))
+        if (settings.wants(number)) {
+            if (!isRead(settings))
+                withoutTags(page);
+            pages.push_back(tags.add(page));
             made.add(std::move(page));
+        }
         progress.pages = number;
         progress.share = text.empty() ? 1.0 : double(done) / double(text.size());
         return !progress.cancelled && number != settings.lastPage;
@@ -82,21 +99,26 @@ std::vector<int> contents(std::u16string_view text, const PdfSettings &settings,
     if (progress.cancelled)
         throw Cancelled();
     made.finish();
-    return std::move(written).numbers();
+    const std::vector<int> numbers = std::move(written).numbers();
+    for (std::size_t i = 0; i < pages.size(); ++i)
+        pages[i].content = numbers[i];
+    return pages;
 }
 
 // As often, and in the order, in which they are wanted.
-std::vector<int> repeated(std::vector<int> pages, const PdfSettings &settings)
+std::vector<PageObjects> repeated(std::vector<PageObjects> pages, const PdfSettings &settings)
 {
-    constexpr std::size_t bytesOfPage = 100; // in a document that is being made
+    constexpr std::size_t bytesOfPage = 200; // in a document that is being made
     const std::size_t all = pages.size() * std::size_t(settings.copies);
     if (settings.hasRoom && !settings.hasRoom(all * bytesOfPage))
         throw std::bad_alloc();
     if (all > PdfFile::mostObjects)
         throw std::length_error("a document has no room for so many pages");
+    if (isRead(settings))
+        return pages;
     if (settings.lastFirst)
         std::reverse(pages.begin(), pages.end());
-    std::vector<int> wanted;
+    std::vector<PageObjects> wanted;
     wanted.reserve(all);
     for (std::size_t i = 0; i < all; ++i)
         wanted.push_back(pages[settings.collated ? i % pages.size() : i / std::size_t(settings.copies)]);
@@ -112,19 +134,16 @@ void write(std::u16string_view text, const PdfSettings &settings, const PdfOutpu
     PdfFile file(
         [&](const char *bytes, std::size_t count) { return !progress.cancelled && output(bytes, count); });
     DocumentFonts codes;
-    const std::vector<int> made = contents(text, settings, fonts, codes, progress, file);
-
-    QPDF document;
-    document.emptyPDF();
-    PdfObjects objects(file);
+    TextTags tags(file);
+    const auto made = pagesOf(text, settings, fonts, codes, progress, file, tags);
     const auto look = [&] {
         if (progress.cancelled)
             throw Cancelled();
     };
-    const std::string resources =
-        "<</Font " + objects.written(fontResources(document, codes, settings.grey, look)) + ">>";
+    const std::string resources = "<</Font " + fontResources(file, codes, settings.grey, look) + ">>";
     const PageTree pages = writePages(file, repeated(made, settings), resources, settings.format);
-    finishPdf(file, pages.root, settings.title);
+    finishPdf(file, pages.root,
+              {.title = settings.title, .structure = isRead(settings) ? tags.finish(pages.pages) : ""});
 }
 
 } // namespace

@@ -114,6 +114,7 @@ const Character &CharacterTable::lookedAt(char32_t c)
     Character &character = (*block)[c & 0xff];
 
     character.script = scriptOf(c);
+    character.language = Languages::of(character.script);
     character.kind = kindOf(c, character.script);
     character.isPrepended = isPrepended(c);
     character.spacing = spacingOf(c, character.script);

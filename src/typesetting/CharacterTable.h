@@ -34,6 +34,7 @@ struct Character {
     Spacing spacing = Spacing::Other;
     CellMarks marks;
     UScriptCode script = USCRIPT_COMMON;
+    Language language = Languages::common;
     const FontFile *font = nullptr;
     Glyph glyph;             // of a character that is shaped by itself
     Millipoints advance = 0; // of that glyph

@@ -1,5 +1,6 @@
 #include "typesetting/DocumentFonts.h"
 
+#include <algorithm>
 #include <stdexcept>
 
 GlyphCode DocumentFonts::code(const FontFile &file, hb_codepoint_t glyph, std::u16string_view text)
@@ -7,6 +8,7 @@ GlyphCode DocumentFonts::code(const FontFile &file, hb_codepoint_t glyph, std::u
     const bool drawn = file.isDrawn() || glyph == missing || glyph == nothing;
     GlyphCode code = drawn ? drawnCode(file, glyph, text) : outlineCode(file, glyph, text);
     code.isMute = text.empty();
+    code.isUnsaid = code.isUnsaid || !std::all_of(text.begin(), text.end(), canBeMapped);
     return code;
 }
 

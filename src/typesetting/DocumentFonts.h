@@ -44,6 +44,9 @@ public:
         std::unordered_map<std::uint16_t, Entry> codes;
     };
 
+    /// Whether a code may stand for it, as archives have it.
+    static bool canBeMapped(char16_t unit) { return unit != 0 && unit != 0xfeff && unit != 0xfffe; }
+
     /// Throws when there would be more fonts than `mostFonts`.
     GlyphCode code(const FontFile &file, hb_codepoint_t glyph, std::u16string_view text);
 

@@ -28,6 +28,22 @@ bool isPainted(hb_face_t *face)
     return length >= offset + 4 && data[1] >= 1 && std::string_view(data + offset, 4) != noGlyphs;
 }
 
+// As the font's maker allows, who may forbid it, or want all of it there, or its pictures only.
+bool mayBeEmbedded(hb_face_t *face)
+{
+    constexpr unsigned restricted = 0x2, preview = 0x4, editable = 0x8, whole = 0x100, pictures = 0x200;
+    constexpr std::size_t place = 8;
+    const HarfBuzz<hb_blob_t> table(hb_face_reference_table(face, HB_TAG('O', 'S', '/', '2')));
+    unsigned length = 0;
+    const char *data = hb_blob_get_data(table.get(), &length);
+    if (length < place + 2)
+        return true;
+    const unsigned rights = unsigned(static_cast<unsigned char>(data[place])) << 8
+        | static_cast<unsigned char>(data[place + 1]);
+    const bool isForbidden = (rights & restricted) && !(rights & (preview | editable));
+    return !isForbidden && !(rights & (whole | pictures));
+}
+
 std::optional<FontFile::Glyphs> kindOfGlyphs(hb_face_t *face)
 {
     if (hb_ot_color_has_png(face))
@@ -78,7 +94,7 @@ std::unique_ptr<FontFile> FontFile::open(const std::string &path, unsigned index
         return {};
     HarfBuzz<hb_face_t> face(hb_face_create(file.get(), index));
     const auto glyphs = kindOfGlyphs(face.get());
-    if (!glyphs || hb_face_get_glyph_count(face.get()) == 0)
+    if (!glyphs || hb_face_get_glyph_count(face.get()) == 0 || !mayBeEmbedded(face.get()))
         return {};
     std::unique_ptr<FontFile> opened(new FontFile(std::move(face), *glyphs));
     if (hb_ot_var_has_data(opened->face()))

@@ -24,9 +24,9 @@ template <class T> using HarfBuzz = std::unique_ptr<T, FreeHarfBuzz>;
 /// One face of a font file, at the size of the text.
 class FontFile {
 public:
-    /// Nothing when the file can't be read, or holds no glyphs that can go into a document. The upper half
-    /// of `index` is the number of an instance of a variable font, from 1; or `variations` say where on its
-    /// axes it is taken: "wght=400,wdth=100".
+    /// Nothing when the file can't be read, or holds no glyphs that can and may go into a document. The
+    /// upper half of `index` is the number of an instance of a variable font, from 1; or `variations` say
+    /// where on its axes it is taken: "wght=400,wdth=100".
     static std::unique_ptr<FontFile> open(const std::string &path, unsigned index,
                                           const std::string &variations = {});
 

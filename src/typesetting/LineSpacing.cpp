@@ -35,6 +35,13 @@ Spread shared(Millipoints room, const std::array<Millipoints, 4> &places)
     return spread;
 }
 
+// They would see blanks between characters that are set apart, or a new line where they close up. (Between
+// words, there is one.)
+bool isMisread(Millipoints apart, Stretch stretch)
+{
+    return apart < -square / 5 || (apart > square / 10 && stretch >= Stretch::WesternBoundary);
+}
+
 } // namespace
 
 Spread spreadOver(std::span<const Cell> line, Millipoints width)
@@ -69,20 +76,21 @@ bool isJapanese(std::span<const Cell> line)
     return japanese > all / 2;
 }
 
-bool setApart(std::span<const Cell> line, std::span<Glyph> glyphs, const Spread &spread)
+Misread setApart(std::span<const Cell> line, std::span<Glyph> glyphs, const Spread &spread)
 {
-    bool isUnread = !line.empty() && line.back().marks.isUnsaid;
+    Misread misread{.anyUnsaid = !line.empty() && line.back().marks.isUnsaid, .apart = {}};
     const Glyph *end = glyphs.data() + glyphs.size();
     Glyph *next = glyphs.data();
     for (std::size_t i = 0; i + 1 < line.size(); ++i) {
         next += line[i].glyphs;
         const Gap gap = gapBetween(line[i], line[i + 1]);
         const Millipoints apart = gap.room + spread[std::size_t(gap.stretch)];
-        isUnread = isUnread || line[i].marks.isUnsaid;
+        misread.anyUnsaid = misread.anyUnsaid || line[i].marks.isUnsaid;
         if (apart == 0 || next == end)
             continue;
         next[-1].excess += apart;
-        isUnread = isUnread || isMisread(apart, gap.stretch);
+        if (isMisread(apart, gap.stretch))
+            misread.apart.push_back(i);
     }
-    return isUnread;
+    return misread;
 }

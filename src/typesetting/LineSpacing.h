@@ -3,6 +3,7 @@
 #include "typesetting/Shaper.h"
 
 #include <span>
+#include <vector>
 
 /// What stands between two cells that follow each other in a line.
 inline Gap gapBetween(const Cell &before, const Cell &after)
@@ -19,19 +20,13 @@ Spread spreadOver(std::span<const Cell> line, Millipoints width);
 /// Whether a line is Japanese for the most part.
 bool isJapanese(std::span<const Cell> line);
 
-/// Moves the glyphs of the cells apart, or together. Returns whether the line has anything that a reader
-/// wouldn't see.
-bool setApart(std::span<const Cell> line, std::span<Glyph> glyphs, const Spread &spread);
+/// What readers, who go by codes and places, would get wrong in a line.
+struct Misread {
+    bool anyUnsaid = false;         // a cell's own text
+    std::vector<std::size_t> apart; // cells that would be taken for apart from the next one
 
-/// Whether readers, who go by places, would see blanks between characters that are set apart, or a new line
-/// where they close up. (Between words, there is one.)
-inline bool isMisread(Millipoints apart, Stretch stretch)
-{
-    return apart < -square / 5 || (apart > square / 10 && stretch >= Stretch::WesternBoundary);
-}
+    explicit operator bool() const { return anyUnsaid || !apart.empty(); }
+};
 
-inline bool isMisread(const Cell &before, const Cell &after, const Spread &spread)
-{
-    const Gap gap = gapBetween(before, after);
-    return isMisread(gap.room + spread[std::size_t(gap.stretch)], gap.stretch);
-}
+/// Moves the glyphs of the cells apart, or together.
+Misread setApart(std::span<const Cell> line, std::span<Glyph> glyphs, const Spread &spread);

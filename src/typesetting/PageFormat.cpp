@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+constexpr double roomForNumber = 3 * textSize;
+
 double PageFormat::lineWidth() const
 {
     return std::max(textSize, std::min(longestLine, width - left - right));
@@ -11,5 +13,10 @@ double PageFormat::lineWidth() const
 
 double PageFormat::textHeight() const
 {
-    return height - top - bottom;
+    return height - top - (isNumbered ? std::max(bottom, roomForNumber) : bottom);
+}
+
+double PageFormat::numberBaseline() const
+{
+    return std::max(bottom, roomForNumber) / 2 - textSize / 3;
 }

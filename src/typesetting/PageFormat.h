@@ -17,7 +17,10 @@ struct PageFormat {
     double left = 20;
     double right = 20;
     double longestLine = 550;
+    bool isNumbered = false; // at the foot of each sheet
 
     double lineWidth() const;
     double textHeight() const;
+    /// Of the page's number, from the bottom of the sheet.
+    double numberBaseline() const;
 };

@@ -37,6 +37,7 @@ Paragraph paragraphAt(std::u16string_view text, std::size_t from)
             continue;
         if (endsParagraph(c))
             break;
+        paragraph.maybeAddresses = paragraph.maybeAddresses || c == u':' || c == u'@';
         paragraph.maybeRightToLeft = paragraph.maybeRightToLeft || mayRunLeft(c);
     }
     paragraph.text = text.substr(from, end - from);

@@ -9,6 +9,7 @@ struct Paragraph {
     std::size_t next = 0;          // where the following one begins
     bool endsPage = false;         // at a form feed
     bool maybeRightToLeft = false; // holds characters that may run that way
+    bool maybeAddresses = false;   // and those without which there is no address
 };
 
 Paragraph paragraphAt(std::u16string_view text, std::size_t from);

@@ -9,7 +9,7 @@
 namespace {
 
 constexpr std::size_t longestWord = 64;      // units; longer ones are shaped in pieces
-constexpr std::size_t longestUnit = 256;     // no heap of marks is longer
+constexpr std::size_t longestUnit = 256;     // no heap of marks is longer, and so no cell
 constexpr std::size_t unitsToKeep = 400'000; // of words: some ten megabytes, shaped
 constexpr std::size_t contextLength = 16;    // what a font may want to see on either side
 constexpr char32_t asPicture = 0xfe0f;
@@ -144,7 +144,8 @@ std::size_t Shaper::shapeNext(std::u16string_view text, std::size_t from, std::s
         // In place: to copy what has just been put together from bytes would take longer than all the rest.
         Cell &cell = to.cells.emplace_back();
         cell.font = character.font;
-        cell.length = std::uint32_t(length);
+        cell.length = std::uint16_t(length);
+        cell.language = character.language;
         cell.glyphs = 1;
         cell.advance = character.advance;
         cell.kind = character.kind;
@@ -301,8 +302,9 @@ void Shaper::readCells(const Unit &unit, std::u16string_view text, bool rightToL
             ++end;
         const std::size_t textEnd = end < count ? infos[logical(end)].cluster : text.size();
         const std::u16string_view own = text.substr(cluster, textEnd - cluster);
-        Cell cell{unit.font, std::uint32_t(own.size()), end - begin};
-        cell.spacing = m_characters[characterAt(own, 0).character].spacing;
+        const Character &first = m_characters[characterAt(own, 0).character];
+        Cell cell{unit.font, std::uint16_t(own.size()), first.language, end - begin};
+        cell.spacing = first.spacing;
         readGlyphs(own, std::min(logical(begin), logical(end - 1)), rightToLeft, cell, to);
         to.cells.push_back(cell);
     }

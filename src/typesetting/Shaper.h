@@ -8,7 +8,8 @@
 /// What can't be broken: a character, or several that share their glyphs.
 struct Cell {
     const FontFile *font = nullptr;
-    std::uint32_t length = 0; // UTF-16 units of text
+    std::uint16_t length = 0; // UTF-16 units of text
+    Language language = Languages::common;
     std::uint32_t glyphs = 0;
     Millipoints advance = 0;
     CharacterKind kind = CharacterKind::Letter;

@@ -1,6 +1,7 @@
 #include "typesetting/Typesetter.h"
 
 #include <algorithm>
+#include <string>
 #include <tuple>
 #include <utility>
 
@@ -10,6 +11,8 @@ constexpr Millipoints tabStop = 4 * Millipoints(textSize) * 1000; // four square
 constexpr std::size_t mostCellsOfLine = 2048;                     // where nothing has a width
 constexpr std::size_t mostUnitsOfLine = 16384;
 constexpr char16_t softHyphen = u'\u00ad';
+constexpr char16_t ideographicBlank = u'\u3000';
+constexpr std::u16string_view blanks = u" \t\u3000";
 
 } // namespace
 
@@ -31,12 +34,31 @@ bool Typesetter::set(std::u16string_view text)
     for (std::size_t at = 0; at < text.size();) {
         const Paragraph paragraph = paragraphAt(text, at);
         m_done = at;
+        beginPassage(paragraph);
         if (!setParagraph(paragraph) || (paragraph.endsPage && !finishPage()))
             return false;
         at = paragraph.next;
     }
     m_done = text.size();
-    return (m_anyPage && m_page.lines.empty()) || finishPage();
+    return (m_pages > 0 && m_page.lines.empty()) || finishPage();
+}
+
+// What readers call a paragraph may have several lines of the text: an empty one ends it, and so does a
+// square that the next one begins with.
+void Typesetter::beginPassage(const Paragraph &paragraph)
+{
+    const bool isBlank = paragraph.text.find_first_not_of(blanks) == paragraph.text.npos;
+    const bool isIndented = !isBlank && paragraph.text.front() == ideographicBlank;
+    if (isBlank)
+        m_passage = {};
+    else if (m_passage.paragraph == 0 || isIndented)
+        m_passage = {.paragraph = ++m_passages, .language = Languages::mostOf(paragraph.text)};
+    m_nextAddress = 0;
+    m_addresses.clear();
+    if (!paragraph.maybeAddresses)
+        return;
+    m_addresses = addressesIn(paragraph.text, m_addressCount);
+    m_addressCount += std::uint32_t(m_addresses.size());
 }
 
 bool Typesetter::setParagraph(const Paragraph &paragraph)
@@ -129,19 +151,26 @@ bool Typesetter::placeLine(std::size_t cells)
 {
     const std::span<Cell> line(m_pending.cells.data() + m_first, cells);
     const LineContent content = contentOf(line);
+    const std::span glyphs(m_pending.glyphs.data() + m_firstGlyph, content.glyphs);
     if (content.units > 0 && !content.endsParagraph
         && m_text[m_lineStart + content.units - 1] == softHyphen)
-        hyphenate(line, m_pending.glyphs[m_firstGlyph + content.glyphs - 1]);
+        hyphenate(line, glyphs.back());
     const Extent extent = content.anyTall ? extentOf(line) : m_line;
     const Millipoints height = extent.ascent + extent.descent;
     if (m_used + height > m_textHeight && !m_page.lines.empty() && !finishPage())
         return false;
     const Millipoints top = Millipoints((m_format.height - m_format.top) * 1000) - m_used;
     m_page.lines.push_back({Millipoints(m_format.left * 1000), top - extent.ascent, content.glyphs});
+    const auto addresses = addressesOfLine();
+    std::vector<LineMark> marks;
+    if (content.anyForeign || (content.anyBorrowed && content.anyBlank) || !addresses.empty())
+        marks = marksOf(line, m_lineStart, addresses, m_passage.language);
+    const BrokenLine broken{line,  glyphs,    m_text.substr(m_lineStart, content.units),
+                            marks, m_passage, extent};
     if (content.runsLeft)
-        placeInVisualOrder(line);
+        placeAsSeen(m_page, broken, m_directions.base(), m_lineWidth);
     else
-        placeInOrder(line, content);
+        placeInOrder(m_page, broken, spreadOf(line, content));
     m_used += height;
     m_lineStart += content.units;
     m_first += cells;
@@ -150,12 +179,33 @@ bool Typesetter::placeLine(std::size_t cells)
     return true;
 }
 
+std::span<const Address> Typesetter::addressesOfLine()
+{
+    const auto isOver = [this](const Address &address) {
+        return address.begin + address.length <= m_lineStart;
+    };
+    while (m_nextAddress < m_addresses.size() && isOver(m_addresses[m_nextAddress]))
+        ++m_nextAddress;
+    return std::span(m_addresses).subspan(m_nextAddress);
+}
+
+Spread Typesetter::spreadOf(std::span<const Cell> line, const LineContent &content)
+{
+    if (content.endsParagraph)
+        return {};
+    m_isJapanese = m_isJapanese || isJapanese(line);
+    return m_isJapanese ? spreadOver(line, m_lineWidth) : Spread{};
+}
+
 Typesetter::LineContent Typesetter::contentOf(std::span<const Cell> line) const
 {
     LineContent content{.runsLeft = m_directions.base() % 2 != 0};
     for (const Cell &cell : line) {
         content.runsLeft = content.runsLeft || cell.level != 0;
         content.anyTall = content.anyTall || cell.marks.isTall;
+        if (cell.language != m_passage.language && cell.language != Languages::common)
+            (Languages::isBorrowed(cell.language) ? content.anyBorrowed : content.anyForeign) = true;
+        content.anyBlank = content.anyBlank || cell.kind == CharacterKind::Blank;
         content.glyphs += cell.glyphs;
         content.units += cell.length;
     }
@@ -169,77 +219,6 @@ void Typesetter::hyphenate(std::span<Cell> line, Glyph &glyph)
     const FontFile *font = line.size() > 1 ? line[line.size() - 2].font : line.back().font;
     std::tie(glyph, line.back().advance) = m_shaper.hyphen(*font);
     line.back().font = font;
-}
-
-void Typesetter::placeInOrder(std::span<const Cell> line, const LineContent &content)
-{
-    if (!content.endsParagraph)
-        m_isJapanese = m_isJapanese || isJapanese(line);
-    const bool spreads = m_isJapanese && !content.endsParagraph;
-    const Spread spread = spreads ? spreadOver(line, m_lineWidth) : Spread{};
-    const std::span glyphs(m_pending.glyphs.data() + m_firstGlyph, content.glyphs);
-    if (setApart(line, glyphs, spread))
-        sayWhatIsMisread(line, spread);
-    m_page.glyphs.insert(m_page.glyphs.end(), glyphs.begin(), glyphs.end());
-}
-
-// What a reader would take apart goes into one saying, with all that is bound up with it.
-void Typesetter::sayWhatIsMisread(std::span<const Cell> line, const Spread &spread)
-{
-    Saying saying{.first = m_page.glyphs.size()};
-    std::size_t unit = m_lineStart;
-    std::size_t units = 0;
-    bool isNeeded = false;
-    for (std::size_t i = 0; i < line.size(); ++i) {
-        const Cell &cell = line[i];
-        saying.glyphs += cell.glyphs;
-        units += cell.length;
-        isNeeded = isNeeded || cell.marks.isUnsaid;
-        if (i + 1 < line.size() && isMisread(cell, line[i + 1], spread)) {
-            isNeeded = true;
-            continue;
-        }
-        if (isNeeded) {
-            saying.text = m_text.substr(unit, units);
-            m_page.sayings.push_back(saying);
-        }
-        saying.first += std::exchange(saying.glyphs, 0);
-        unit += std::exchange(units, 0);
-        isNeeded = false;
-    }
-}
-
-void Typesetter::placeInVisualOrder(std::span<const Cell> line)
-{
-    setApart(line, std::span(m_pending.glyphs).subspan(m_firstGlyph), {});
-    struct Begin {
-        std::size_t glyph;
-        std::size_t unit;
-    };
-    std::vector<UBiDiLevel> levels;
-    std::vector<Begin> begins;
-    Begin begin{m_firstGlyph, m_lineStart};
-    Millipoints width = 0;
-    for (const Cell &cell : line) {
-        levels.push_back(cell.level);
-        begins.push_back(begin);
-        begin = {begin.glyph + cell.glyphs, begin.unit + cell.length};
-        width += cell.advance;
-    }
-    // What hangs over lies beyond the left end then, and the rest ends at the right one.
-    if (m_directions.base() % 2 != 0)
-        m_page.lines.back().left += m_lineWidth - std::clamp(width, 0, m_lineWidth);
-    for (std::size_t i = line.size(); i > 0 && line[i - 1].kind == CharacterKind::Blank; --i)
-        levels[i - 1] = m_directions.base();
-    for (const std::int32_t place : Directions::visualOrder(levels)) {
-        const auto [glyph, unit] = begins[std::size_t(place)];
-        const Cell &cell = line[std::size_t(place)];
-        if (cell.marks.isUnsaid)
-            m_page.sayings.push_back(
-                {m_page.glyphs.size(), cell.glyphs, std::u16string(m_text.substr(unit, cell.length))});
-        const auto from = m_pending.glyphs.begin() + std::ptrdiff_t(glyph);
-        m_page.glyphs.insert(m_page.glyphs.end(), from, from + std::ptrdiff_t(cell.glyphs));
-    }
 }
 
 // As high as all lines, or higher where a character needs that.
@@ -269,7 +248,26 @@ void Typesetter::forgetPlaced()
 
 bool Typesetter::finishPage()
 {
+    ++m_pages;
+    if (m_format.isNumbered)
+        addNumber();
     m_used = 0;
-    m_anyPage = true;
     return m_sink(std::exchange(m_page, {}), m_done);
+}
+
+// In the middle, as part of no paragraph.
+void Typesetter::addNumber()
+{
+    const std::string digits = std::to_string(m_pages);
+    const std::u16string text(digits.begin(), digits.end());
+    Cells cells;
+    for (std::size_t at = 0; at < text.size();)
+        at += m_shaper.shapeNext(text, at, text.size(), 0, cells);
+    Millipoints width = 0;
+    for (const Cell &cell : cells.cells)
+        width += cell.advance;
+    m_page.passages.push_back({.first = m_page.glyphs.size()});
+    m_page.lines.push_back({(Millipoints(m_format.width * 1000) - width) / 2,
+                            Millipoints(m_format.numberBaseline() * 1000), cells.glyphs.size()});
+    m_page.glyphs.insert(m_page.glyphs.end(), cells.glyphs.begin(), cells.glyphs.end());
 }

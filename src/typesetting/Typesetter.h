@@ -1,8 +1,7 @@
 #pragma once
 
-#include "typesetting/Directions.h"
 #include "typesetting/LineBreaks.h"
-#include "typesetting/LineSpacing.h"
+#include "typesetting/LinePlacing.h"
 #include "typesetting/PageFormat.h"
 
 #include <functional>
@@ -28,9 +27,13 @@ private:
         std::size_t glyphs = 0;
         bool runsLeft = false; // all of it, or a part
         bool anyTall = false;
+        bool anyForeign = false;  // of another language than the paragraph
+        bool anyBorrowed = false; // that as a word alone would not be told of
+        bool anyBlank = false;
         bool endsParagraph = false;
     };
 
+    void beginPassage(const Paragraph &paragraph);
     bool setParagraph(const Paragraph &paragraph);
     bool fillLine(const Paragraph &paragraph);
     void measureTab(Cell &cell, Glyph &glyph, Millipoints x) const;
@@ -39,12 +42,12 @@ private:
     bool placeLine(std::size_t cells);
     LineContent contentOf(std::span<const Cell> line) const;
     void hyphenate(std::span<Cell> line, Glyph &glyph);
-    void placeInOrder(std::span<const Cell> line, const LineContent &content);
-    void sayWhatIsMisread(std::span<const Cell> line, const Spread &spread);
-    void placeInVisualOrder(std::span<const Cell> line);
+    std::span<const Address> addressesOfLine();
+    Spread spreadOf(std::span<const Cell> line, const LineContent &content);
     Extent extentOf(std::span<const Cell> line) const;
     void forgetPlaced();
     bool finishPage();
+    void addNumber();
 
     DocumentFonts &m_codes;
     const Extent m_line;
@@ -59,6 +62,11 @@ private:
 
     std::u16string_view m_text; // of the paragraph
     bool m_isJapanese = false;  // and how it is set
+    Passage m_passage;          // what its glyphs are part of
+    std::uint32_t m_passages = 0;
+    std::vector<Address> m_addresses;
+    std::size_t m_nextAddress = 0; // that the line may hold
+    std::uint32_t m_addressCount = 0;
     // Shaped, but not placed yet: from m_first on.
     Cells m_pending;
     std::size_t m_first = 0;
@@ -68,7 +76,7 @@ private:
     std::size_t m_runEnd = 0;
 
     Page m_page;
-    bool m_anyPage = false;
+    int m_pages = 0;
     Millipoints m_used = 0; // of the page's height
     std::size_t m_done = 0; // units of the text
 };

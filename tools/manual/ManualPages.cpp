@@ -2,6 +2,7 @@
 
 #include "pdf/DrawingOperators.h"
 #include "pdf/PdfImage.h"
+#include "pdf/PdfSyntax.h"
 #include "typesetting/Typesetter.h"
 
 #include <unicode/unistr.h>
@@ -29,11 +30,18 @@ std::string placed(double scale, double x, double y, const std::string &drawing)
     return matrix + drawing + "Q\n";
 }
 
+std::string drawn(Page line, double left, double baseline, double scale)
+{
+    line.lines.front().baseline = 0;
+    line.passages.clear(); // what it belongs to is told around it
+    return placed(scale, left, baseline, drawingOperators(line));
+}
+
 } // namespace
 
-ManualPages::ManualPages(QPDF &document, FontList &fonts, DocumentFonts &codes,
+ManualPages::ManualPages(PdfFile &file, FontList &fonts, DocumentFonts &codes,
                          std::filesystem::path pictures)
-    : m_document(document)
+    : m_file(file)
     , m_fonts(fonts)
     , m_codes(codes)
     , m_pictures(std::move(pictures))
@@ -63,8 +71,9 @@ ManualPages::Style ManualPages::styleOf(ManualBlock::Kind kind)
 
 void ManualPages::add(const ManualBlock &block)
 {
+    ++m_block;
     if (block.kind == ManualBlock::Kind::Picture)
-        addPicture(block.text);
+        addPicture(block, m_block);
     else
         addText(block);
 }
@@ -107,21 +116,29 @@ void ManualPages::addText(const ManualBlock &block)
     if (block.kind == ManualBlock::Kind::Code)
         addGround(height * double(lines));
     if (block.kind == ManualBlock::Kind::Chapter)
-        m_chapters.push_back({block.text, m_contents.size(), m_y});
+        m_chapters.push_back({block.text, m_sheets.size(), m_y});
     for (std::size_t i = 0; i < lines; ++i) {
         makeRoom(i + 2 == lines ? 2 * height : height); // no line stands alone on a page
         const double baseline = m_y - own.ascent() / 1000.0 * scale;
         if (i == 0 && block.kind == ManualBlock::Kind::Item)
-            addLine(set("•", style.indent), m_format.left + 2, baseline, scale);
-        addLine(onlyLine(page, i), left, baseline, scale);
+            addContent({block.kind, m_block, true, {}},
+                       drawn(set("•", style.indent), m_format.left + 2, baseline, scale));
+        addContent({block.kind, m_block, false, {}}, drawn(onlyLine(page, i), left, baseline, scale));
         m_y -= height;
     }
 }
 
-void ManualPages::addLine(Page line, double left, double baseline, double scale)
+void ManualPages::addContent(const Content &content, const std::string &drawing)
 {
-    line.lines.front().baseline = 0;
-    m_content += placed(scale, left, baseline, drawingOperators(line));
+    const char *role = content.kind == ManualBlock::Kind::Picture ? "/Figure" : "/Span";
+    m_sheet.drawing +=
+        role + ("<</MCID " + std::to_string(m_sheet.contents.size())) + ">>BDC\n" + drawing + "EMC\n";
+    m_sheet.contents.push_back(content);
+}
+
+void ManualPages::addArtifact(const std::string &drawing)
+{
+    m_sheet.drawing += "/Artifact BMC\n" + drawing + "EMC\n";
 }
 
 // Behind a command.
@@ -132,16 +149,16 @@ void ManualPages::addGround(double height)
     std::snprintf(drawing, sizeof drawing, "q 0.94 g %.3f %.3f %.3f %.3f re f Q\n", m_format.left,
                   m_y - height - around, m_format.width - m_format.left - m_format.right,
                   height + 2 * around);
-    m_content += drawing;
+    addArtifact(drawing);
 }
 
 // Where there is no room left for it, the text goes on, and the picture is the first on the next page.
-void ManualPages::addPicture(const std::string &name)
+void ManualPages::addPicture(const ManualBlock &picture, std::size_t block)
 {
-    if (m_waiting.empty() && m_y - heightOf(name) - 10 >= m_format.bottom)
-        draw(name);
+    if (m_waiting.empty() && m_y - heightOf(picture.picture) - 10 >= m_format.bottom)
+        draw(picture, block);
     else
-        m_waiting.push_back(name);
+        m_waiting.emplace_back(picture, block);
 }
 
 Pixels ManualPages::pixelsOf(const std::string &name) const
@@ -166,21 +183,26 @@ double ManualPages::heightOf(const std::string &name) const
 }
 
 // With a thin frame.
-void ManualPages::draw(const std::string &name)
+void ManualPages::draw(const ManualBlock &picture, std::size_t block)
 {
-    const Pixels pixels = pixelsOf(name);
+    const Pixels pixels = pixelsOf(picture.picture);
     const auto [width, height] = sizeOf(pixels);
     if (m_y < m_format.height - m_format.top)
         m_y -= 10;
     m_y -= height;
-    const std::string key = "/I" + std::to_string(m_images.getKeys().size());
-    m_images.replaceKey(key, pdfImage(m_document, pixels, false));
+    const std::string key = "/I" + std::to_string(m_imageCount++);
+    m_images += key + ' ' + PdfSyntax::reference(writeImage(m_file, pixels, false)) + ' ';
     const double x = (m_format.width - width) / 2;
     char drawing[160];
-    std::snprintf(drawing, sizeof drawing,
-                  "q %.3f 0 0 %.3f %.3f %.3f cm %s Do Q\nq 0.75 G 0.5 w %.3f %.3f %.3f %.3f re S Q\n",
-                  width, height, x, m_y, key.c_str(), x, m_y, width, height);
-    m_content += drawing;
+    std::snprintf(drawing, sizeof drawing, "q %.3f 0 0 %.3f %.3f %.3f cm %s Do Q\n", width, height, x, m_y,
+                  key.c_str());
+    char more[160];
+    std::snprintf(more, sizeof more, " /A <</O /Layout /Placement /Block /BBox [%.3f %.3f %.3f %.3f]>>", x,
+                  m_y, x + width, m_y + height);
+    addContent({picture.kind, block, false, " /Alt " + PdfSyntax::text(picture.text) + more}, drawing);
+    std::snprintf(drawing, sizeof drawing, "q 0.75 G 0.5 w %.3f %.3f %.3f %.3f re S Q\n", x, m_y, width,
+                  height);
+    addArtifact(drawing);
     m_y -= 4;
 }
 
@@ -192,10 +214,10 @@ void ManualPages::makeRoom(double height)
 
 void ManualPages::newPage()
 {
-    m_contents.push_back(std::exchange(m_content, {}));
+    m_sheets.push_back(std::exchange(m_sheet, {}));
     m_y = m_format.height - m_format.top;
-    for (const std::string &picture : std::exchange(m_waiting, {}))
-        addPicture(picture);
+    for (const auto &[picture, block] : std::exchange(m_waiting, {}))
+        addPicture(picture, block);
 }
 
 void ManualPages::finish()
@@ -203,9 +225,10 @@ void ManualPages::finish()
     while (!m_waiting.empty())
         newPage();
     newPage();
-    for (std::size_t i = 0; i < m_contents.size(); ++i) {
-        m_content.clear();
-        addLine(set(std::to_string(i + 1), 40), m_format.width / 2 - 3, m_format.bottom / 2, 0.75);
-        m_contents[i] += std::exchange(m_content, {});
+    for (std::size_t i = 0; i < m_sheets.size(); ++i) {
+        std::swap(m_sheet, m_sheets[i]);
+        addArtifact(
+            drawn(set(std::to_string(i + 1), 40), m_format.width / 2 - 3, m_format.bottom / 2, 0.75));
+        std::swap(m_sheet, m_sheets[i]);
     }
 }

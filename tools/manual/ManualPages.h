@@ -1,12 +1,11 @@
 #pragma once
 
 #include "ManualText.h"
+#include "pdf/PdfFile.h"
 #include "pdf/PngPixels.h"
 #include "typesetting/FontList.h"
 #include "typesetting/Page.h"
 #include "typesetting/PageFormat.h"
-
-#include <qpdf/QPDF.hh>
 
 #include <filesystem>
 #include <utility>
@@ -20,15 +19,28 @@ public:
         double top = 0;       // points from the bottom of the page
     };
 
-    ManualPages(QPDF &document, FontList &fonts, DocumentFonts &codes, std::filesystem::path pictures);
+    /// A stretch of a page's content that readers are told of: part of a block, or of its label.
+    struct Content {
+        ManualBlock::Kind kind;
+        std::size_t block = 0;
+        bool isLabel = false;
+        std::string more; // entries of its element
+    };
+    struct Sheet {
+        std::string drawing;
+        std::vector<Content> contents;
+    };
+
+    ManualPages(PdfFile &file, FontList &fonts, DocumentFonts &codes, std::filesystem::path pictures);
 
     void add(const ManualBlock &block);
     /// Ends the last page, and numbers all.
     void finish();
 
-    const std::vector<std::string> &contents() const { return m_contents; }
+    const std::vector<Sheet> &sheets() const { return m_sheets; }
     const std::vector<Chapter> &chapters() const { return m_chapters; }
-    QPDFObjectHandle images() const { return m_images; }
+    /// As resources.
+    std::string images() const { return "<<" + m_images + ">>"; }
     const PageFormat &format() const { return m_format; }
 
 private:
@@ -42,25 +54,29 @@ private:
     static Style styleOf(ManualBlock::Kind kind);
     Page set(const std::string &text, double width);
     void addText(const ManualBlock &block);
-    void addPicture(const std::string &name);
-    void addLine(Page line, double left, double baseline, double scale);
+    void addPicture(const ManualBlock &picture, std::size_t block);
+    void addContent(const Content &content, const std::string &drawing);
+    void addArtifact(const std::string &drawing);
     void addGround(double height);
-    void draw(const std::string &picture);
+    void draw(const ManualBlock &picture, std::size_t block);
     Pixels pixelsOf(const std::string &picture) const;
     std::pair<double, double> sizeOf(const Pixels &pixels) const;
     double heightOf(const std::string &picture) const;
     void makeRoom(double height);
     void newPage();
 
-    QPDF &m_document;
+    PdfFile &m_file;
     FontList &m_fonts;
     DocumentFonts &m_codes;
     std::filesystem::path m_pictures;
     PageFormat m_format{.top = 64, .bottom = 64, .left = 64, .right = 64};
-    QPDFObjectHandle m_images = QPDFObjectHandle::newDictionary();
-    std::vector<std::string> m_contents;
+    std::string m_images;
+    int m_imageCount = 0;
+    std::size_t m_block = 0;
+    std::vector<Sheet> m_sheets;
     std::vector<Chapter> m_chapters;
-    std::vector<std::string> m_waiting; // pictures for which there was no room; the text goes on meanwhile
-    std::string m_content;
+    // Pictures for which there was no room, and their blocks; the text goes on meanwhile.
+    std::vector<std::pair<ManualBlock, std::size_t>> m_waiting;
+    Sheet m_sheet;
     double m_y = 0; // of the page, from its bottom: what is above is taken
 };

@@ -55,8 +55,8 @@ public:
 
     bool add(MD_TEXTTYPE type, std::string_view text)
     {
-        if (m_all.back().kind == Kind::Picture)
-            return m_inPicture; // said instead of the picture, which is shown
+        if (m_all.back().kind == Kind::Picture && !m_inPicture)
+            return false;
         if (type == MD_TEXT_SOFTBR)
             return true; // Japanese needs no blank there
         m_all.back().text += type == MD_TEXT_BR ? "\n" : text;
@@ -69,7 +69,7 @@ public:
 private:
     bool begin(Kind kind)
     {
-        m_all.push_back({kind, {}});
+        m_all.push_back({.kind = kind});
         return true;
     }
 
@@ -89,7 +89,7 @@ private:
         ManualBlock &block = m_all.back();
         if (block.kind != Kind::Paragraph || !block.text.empty())
             return false;
-        block = {Kind::Picture, std::string(name.text, name.size)};
+        block = {Kind::Picture, {}, std::string(name.text, name.size)};
         m_inPicture = true;
         return true;
     }

@@ -9,7 +9,8 @@ struct ManualBlock {
     enum class Kind { Title, Chapter, Section, Paragraph, Item, Code, Picture };
 
     Kind kind = Kind::Paragraph;
-    std::string text; // of a picture: the name of its file
+    std::string text = {};    // of a picture: what is said instead of it
+    std::string picture = {}; // the name of its file
 };
 
 /// Reads Markdown as far as the manual uses it: headings of three levels, paragraphs, lists of one level,

@@ -1,95 +1,144 @@
 // make_manual SOURCE.md OUT.pdf: makes the manual that is installed with the program.
 #include "ManualPages.h"
-#include "pdf/Deflate.h"
 #include "pdf/FontObjects.h"
 #include "pdf/PageTree.h"
 #include "pdf/PdfDescription.h"
-#include "pdf/PdfObjects.h"
+#include "pdf/PdfSyntax.h"
+#include "pdf/Structure.h"
 
 #include <cstdio>
 #include <exception>
 #include <fstream>
 #include <iterator>
+#include <utility>
+
+using PdfSyntax::reference;
 
 namespace {
 
 // What a reader lists beside the pages.
-QPDFObjectHandle outlineOf(QPDF &document, const std::vector<ManualPages::Chapter> &chapters,
-                           const std::vector<QPDFObjectHandle> &pages)
+std::string writeOutline(PdfFile &file, const std::vector<ManualPages::Chapter> &chapters,
+                         const std::vector<int> &pages)
 {
-    QPDFObjectHandle outline = document.makeIndirectObject(QPDFObjectHandle::parse("<</Type /Outlines>>"));
-    QPDFObjectHandle last = QPDFObjectHandle::newNull();
-    for (const ManualPages::Chapter &chapter : chapters) {
-        QPDFObjectHandle entry = document.makeIndirectObject(QPDFObjectHandle::newDictionary());
-        entry.replaceKey("/Title", QPDFObjectHandle::newUnicodeString(chapter.title));
-        entry.replaceKey("/Parent", outline);
-        entry.replaceKey("/Dest",
-                         QPDFObjectHandle::newArray({pages[chapter.page], QPDFObjectHandle::newName("/XYZ"),
-                                                     QPDFObjectHandle::newNull(),
-                                                     QPDFObjectHandle::newReal(chapter.top, 1),
-                                                     QPDFObjectHandle::newNull()}));
-        if (last.isNull()) {
-            outline.replaceKey("/First", entry);
-        } else {
-            entry.replaceKey("/Prev", last);
-            last.replaceKey("/Next", entry);
+    std::vector<int> entries;
+    for (std::size_t i = 0; i < chapters.size(); ++i)
+        entries.push_back(file.newObject());
+    const std::string ends = chapters.empty()
+        ? ""
+        : " /First " + reference(entries.front()) + " /Last " + reference(entries.back());
+    const int outline =
+        file.add("<</Type /Outlines /Count " + std::to_string(chapters.size()) + ends + ">>");
+    for (std::size_t i = 0; i < chapters.size(); ++i) {
+        const auto &[title, page, top] = chapters[i];
+        std::string entry = "<</Title " + PdfSyntax::text(title) + " /Parent " + reference(outline)
+            + " /Dest [" + reference(pages[page]) + " /XYZ null " + PdfSyntax::number(top, 1) + " null]";
+        if (i > 0)
+            entry += " /Prev " + reference(entries[i - 1]);
+        if (i + 1 < chapters.size())
+            entry += " /Next " + reference(entries[i + 1]);
+        file.write(entries[i], entry + ">>");
+    }
+    return " /Outlines " + reference(outline);
+}
+
+const char *roleOf(ManualBlock::Kind kind)
+{
+    switch (kind) {
+    case ManualBlock::Kind::Title:
+        return "H1";
+    case ManualBlock::Kind::Chapter:
+        return "H2";
+    case ManualBlock::Kind::Section:
+        return "H3";
+    case ManualBlock::Kind::Item:
+        return "LI";
+    case ManualBlock::Kind::Picture:
+        return "Figure";
+    case ManualBlock::Kind::Code:
+    case ManualBlock::Kind::Paragraph:
+        break;
+    }
+    return "P";
+}
+
+/// Tells what the contents are, block by block.
+class Tags {
+public:
+    explicit Tags(PdfFile &file)
+        : m_structure(file)
+    {
+    }
+
+    void beginPage(int page, int key) { m_structure.beginPage(page, key); }
+
+    void add(const ManualPages::Content &content)
+    {
+        if (content.block != m_block)
+            begin(content);
+        const bool isItem = content.kind == ManualBlock::Kind::Item;
+        if (isItem && !m_isInBody) {
+            m_structure.open(content.isLabel ? "Lbl" : "LBody");
+            m_isInBody = !content.isLabel;
         }
-        last = entry;
+        m_structure.addContent();
+        if (content.isLabel)
+            m_structure.close();
     }
-    outline.replaceKey("/Last", last);
-    outline.replaceKey("/Count", QPDFObjectHandle::newInteger(std::int64_t(chapters.size())));
-    return outline;
-}
 
-// Objects that stand for pages of the file.
-std::vector<QPDFObjectHandle> handlesOf(const std::vector<int> &pages, QPDF &document, PdfObjects &objects)
-{
-    std::vector<QPDFObjectHandle> handles;
-    for (const int page : pages) {
-        handles.push_back(document.makeIndirectObject(QPDFObjectHandle::newDictionary()));
-        objects.bind(handles.back(), page);
-    }
-    return handles;
-}
+    std::string finish() { return m_structure.finish(); }
 
-std::vector<int> writtenContents(PdfFile &file, const std::vector<std::string> &contents)
-{
-    std::vector<int> numbers;
-    for (const std::string &content : contents) {
-        numbers.push_back(file.newObject());
-        file.writeStream(numbers.back(), "/Filter /FlateDecode", deflated(content));
+private:
+    void begin(const ManualPages::Content &content)
+    {
+        const bool isItem = content.kind == ManualBlock::Kind::Item;
+        if (std::exchange(m_isInBody, false))
+            m_structure.close();
+        if (std::exchange(m_block, content.block) != 0)
+            m_structure.close();
+        if (isItem != m_isInList)
+            isItem ? m_structure.open("L") : m_structure.close();
+        m_isInList = isItem;
+        m_structure.open(roleOf(content.kind), content.more);
     }
-    return numbers;
-}
+
+    Structure m_structure;
+    std::size_t m_block = 0;
+    bool m_isInList = false;
+    bool m_isInBody = false;
+};
 
 bool make(const std::filesystem::path &source, const std::filesystem::path &out)
 {
-    std::ifstream file(source, std::ios::binary);
-    const auto blocks = manualBlocks(std::string(std::istreambuf_iterator(file), {}));
+    std::ifstream in(source, std::ios::binary);
+    const auto blocks = manualBlocks(std::string(std::istreambuf_iterator(in), {}));
     if (blocks.empty())
         return false;
-    QPDF document;
-    document.emptyPDF();
+    std::ofstream result(out, std::ios::binary);
+    PdfFile file([&](const char *bytes, std::size_t count) {
+        return !!result.write(bytes, std::streamsize(count));
+    });
     FontList fonts({});
     DocumentFonts codes;
-    ManualPages manual(document, fonts, codes, source.parent_path());
+    ManualPages manual(file, fonts, codes, source.parent_path());
     for (const ManualBlock &block : blocks)
         manual.add(block);
     manual.finish();
 
-    std::ofstream result(out, std::ios::binary);
-    PdfFile pdf([&](const char *bytes, std::size_t count) {
-        return !!result.write(bytes, std::streamsize(count));
-    });
-    PdfObjects objects(pdf);
-    QPDFObjectHandle resources = QPDFObjectHandle::newDictionary();
-    resources.replaceKey("/Font", fontResources(document, codes, false, [] {}));
-    resources.replaceKey("/XObject", manual.images());
-    const PageTree tree = writePages(pdf, writtenContents(pdf, manual.contents()),
-                                     objects.written(resources), manual.format());
-    const auto pages = handlesOf(tree.pages, document, objects);
-    const std::string outline = objects.written(outlineOf(document, manual.chapters(), pages));
-    finishPdf(pdf, tree.root, blocks.front().text, " /Outlines " + outline);
+    std::vector<PageObjects> objects;
+    for (const ManualPages::Sheet &sheet : manual.sheets())
+        objects.push_back({.content = file.addStream("", sheet.drawing), .key = int(objects.size())});
+    const std::string resources =
+        "<</Font " + fontResources(file, codes, false, [] {}) + " /XObject " + manual.images() + ">>";
+    const PageTree tree = writePages(file, objects, resources, manual.format());
+    Tags tags(file);
+    for (std::size_t i = 0; i < tree.pages.size(); ++i) {
+        tags.beginPage(tree.pages[i], int(i));
+        for (const ManualPages::Content &content : manual.sheets()[i].contents)
+            tags.add(content);
+    }
+    const std::string structure = tags.finish();
+    finishPdf(file, tree.root,
+              {blocks.front().text, structure, writeOutline(file, manual.chapters(), tree.pages)});
     return !!result.flush();
 }
 
