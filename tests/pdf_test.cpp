@@ -62,18 +62,50 @@ class PdfTest : public QObject {
 
     QString read(const QStringList &how) const
     {
-        QProcess reader;
-        reader.start(u"pdftotext"_s, how + QStringList{m_file, u"-"_s});
-        reader.waitForFinished();
-        return reader.exitCode() == 0 ? QString::fromUtf8(reader.readAllStandardOutput()) : QString();
+        return said(u"pdftotext"_s, how + QStringList{m_file, u"-"_s});
     }
 
-    bool isSound() const
+    // What a tool says; null when it fails.
+    static QString said(const QString &tool, const QStringList &arguments)
+    {
+        QProcess process;
+        process.start(tool, arguments);
+        process.waitForFinished();
+        const bool isWell = process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0;
+        return isWell ? QString::fromUtf8(process.readAllStandardOutput()) : QString();
+    }
+
+    bool isSound() const { return !said(u"qpdf"_s, {u"--check"_s, m_file}).isNull(); }
+
+    // The languages that stretches of the first page have.
+    QString spans() const
+    {
+        static const QRegularExpression language(u"/Lang\\(\\w+\\)"_s);
+        QString all;
+        for (const auto &found : language.globalMatch(said(u"qpdf"_s, {u"--qdf"_s, m_file, u"-"_s})
+                                                          .section(u"BT\n"_s, 1)
+                                                          .section(u"ET\n"_s, 0, 0)))
+            all += found.captured();
+        return all;
+    }
+
+    // What a reader of its structure gets, element by element; null where it isn't what it says it is.
+    QString structure() const
     {
         QProcess check;
-        check.start(u"qpdf"_s, {u"--check"_s, m_file});
+        check.start(QString::fromUtf8(ARCHIVAL), {m_file});
         check.waitForFinished();
-        return check.exitStatus() == QProcess::NormalExit && check.exitCode() == 0;
+        const QByteArray broken = check.readAllStandardError();
+        if (!broken.isEmpty())
+            qWarning("%s", broken.constData());
+        return check.exitCode() == 0 ? QString::fromUtf8(check.readAllStandardOutput()) : QString();
+    }
+
+    // Without its elements' roles and languages.
+    QString structureText() const
+    {
+        static const QRegularExpression roles(u"^\\w+ \\w+ "_s, QRegularExpression::MultilineOption);
+        return structure().remove(roles);
     }
 
     // The reader folds blanks, and ends lines where the page does.
@@ -187,6 +219,86 @@ private slots:
         QCOMPARE(write(text), PdfResult::Written);
         QCOMPARE(withoutBlanks(read({u"-raw"_s})), withoutBlanks(text));
         QCOMPARE(withoutBlanks(read({})), withoutBlanks(text)); // in the order of reading, too
+        QCOMPARE(withoutBlanks(structureText()), withoutBlanks(text));
+    }
+
+    void readersAreToldOfParagraphsAndLanguages()
+    {
+        const std::pair<const char16_t *, const char16_t *> texts[]{
+            {u"一つ目の\n段落。\n\n二つ目。\n　三つ目。\f四つ目。\n \n",
+             u"P ja 一つ目の段落。\nP ja 二つ目。\nP ja 　三つ目。\nP ja 四つ目。\n"},
+            {u"Hard-wrapped by\nits writer.\n\nПривет\n\n안녕 세상",
+             u"P en Hard-wrapped by its writer.\n"
+             u"P ru Привет\nP ko 안녕 세상\n"},
+            {u"שלום עולם 123 abc.\n\nمرحبا بالعالم", u"P he שלום עולם 123 abc.\nP ar مرحبا بالعالم\n"},
+            {u"これは「the quick fox」と「Linux」と「Привет」。",
+             u"P ja これは「the quick fox」と「Linux」と「Привет」。\n"},
+        };
+        for (const auto &[text, told] : texts) {
+            QCOMPARE(write(QString::fromUtf16(text)), PdfResult::Written);
+            QCOMPARE(structure(), QString::fromUtf16(told));
+        }
+        QCOMPARE(spans(), u"/Lang(en)/Lang(ru)"_s);
+        QCOMPARE(write(QString()), PdfResult::Written);
+        QCOMPARE(structure(), u""_s);
+        QVERIFY(!structure().isNull());
+        QVERIFY(write(u"a\u0000b\ufeffc\ufffed\ue000e"_s) == PdfResult::Written && !structure().isNull());
+    }
+
+    void addressesCanBeFollowed()
+    {
+        const std::pair<const char16_t *, const char16_t *> texts[]{
+            {u"（https://a.example/b_(c)?d=e&f#g）、http://日本", u"https://a.example/b_(c)?d=e&f#g"},
+            {u"See (http://a.example/b). \"https://c.example,\" xhttp://d.example https:// http://a",
+             u"http://a.example/b https://c.example http://a"},
+            {u"はhanako.y+z@a.example.jp。@b @c.d e@f g@.h i@j.k", u"mailto:hanako.y+z@a.example.jp"},
+            {u"https://a.example/b@c.example?(d)e)", u"https://a.example/b@c.example?(d)e"},
+            {u"שלום https://a.example/b עולם", u"https://a.example/b"},
+        };
+        for (const auto &[text, expected] : texts) {
+            QCOMPARE(write(QString::fromUtf16(text)), PdfResult::Written);
+            QVERIFY(!structure().isNull());
+            QStringList followed;
+            for (const QString &line : said(u"pdfinfo"_s, {u"-url"_s, m_file}).split(u'\n').mid(1))
+                followed += line.simplified().section(u' ', 2);
+            QCOMPARE(followed.join(u' ').trimmed(), QString::fromUtf16(expected));
+        }
+        write(u"国https://"_s + u"a.example/"_s.repeated(30));
+        const QString boxes = said(u"qpdf"_s, {u"--qdf"_s, m_file, u"-"_s}).section(u"/QuadPoints ["_s, 1);
+        QCOMPARE(boxes.section(u']', 0, 0).split(u'\n', Qt::SkipEmptyParts).size() / 8, 4); // lines
+        QCOMPARE(said(u"pdfinfo"_s, {u"-url"_s, m_file}).count(u"Annotation"_s), 1);
+    }
+
+    void theSameTextMakesTheSameBytes()
+    {
+        const QString text = prose() + u"AV fi 😀 日⽇ שלום ☺ https://a.example/"_s;
+        qputenv("SOURCE_DATE_EPOCH", "1000000000");
+        write(text, {.title = "a<b>&(c)\\漢\n"});
+        const QByteArray first = contentOf(m_file);
+        QVERIFY(!structure().isNull());
+        QVERIFY(said(u"pdfinfo"_s, {m_file, u"-isodates"_s}).contains(u"2001-09-09T01:46:40Z"_s));
+        QVERIFY(said(u"pdfinfo"_s, {m_file}).contains(u"a<b>&(c)\\漢\n"_s));
+        const std::vector<char> elsewhere(12'345'678); // what is made now has other addresses
+        write(text, {.title = "a<b>&(c)\\漢\n"});
+        QVERIFY(contentOf(m_file) == first);
+        qunsetenv("SOURCE_DATE_EPOCH");
+        write(text);
+        QVERIFY(!structure().isNull());
+    }
+
+    void pagesAreNumberedIfWanted()
+    {
+        const PdfSettings numbered{.format = {.isNumbered = true}, .ranges = {{2, 3}}};
+        QCOMPARE(write(u"a\n"_s.repeated(120), numbered), PdfResult::Written);
+        const auto all = words();
+        for (const QString &number : {u"2"_s, u"3"_s}) {
+            const auto found =
+                std::find_if(all.begin(), all.end(), [&](auto &w) { return w.first == number; });
+            QVERIFY(found != all.end());
+            QVERIFY(qAbs(found->second.center().x() - 297.5) < 1 && found->second.top() > 806);
+        }
+        QCOMPARE(all.size(), 120 - 45 + 2);
+        QVERIFY(!structure().contains(u'2'));
     }
 
     void whatIsAPictureIsInColour()
@@ -413,10 +525,10 @@ private slots:
             std::reverse(word.begin(), word.end());
             return word;
         };
-        QStringList fromTheRight;
+        QString fromTheRight;
         for (const auto &[word, place] : all)
-            fromTheRight += word;
-        QCOMPARE(fromTheRight, QStringList({asSeen(u"שלום"_s), asSeen(u"עולם"_s), u"123"_s, u"abc"_s}));
+            fromTheRight += asSeen(word);
+        QCOMPARE(fromTheRight, u"שלוםעולם"_s + asSeen(u"123"_s) + asSeen(u"abc"_s));
         QVERIFY(qAbs(all.front().second.right() - 570) < 1);
 
         QString pointed = u"שָׁלוֹם"_s; // readers disagree on where the points belong, not on which there are

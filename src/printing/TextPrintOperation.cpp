@@ -6,12 +6,14 @@
 #include "view/Unwinding.h"
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QFileInfo>
 #include <QFontInfo>
 #include <QPrintDialog>
 #include <QProgressBar>
 #include <QProgressDialog>
+#include <QVBoxLayout>
 
 using namespace std::chrono_literals;
 
@@ -22,6 +24,17 @@ void chooseFile(QPrintDialog &panel)
 {
     if (auto *printers = panel.findChild<QComboBox *>(QStringLiteral("printers")))
         printers->setCurrentIndex(printers->count() - 1);
+}
+
+// What can be chosen for a text alone.
+QWidget *textTab(QCheckBox *numbers)
+{
+    auto *tab = new QWidget;
+    tab->setWindowTitle(TextPrintOperation::tr("テキスト"));
+    auto *layout = new QVBoxLayout(tab);
+    layout->addWidget(numbers);
+    layout->addStretch();
+    return tab;
 }
 
 constexpr qint64 worthShowing = 500; // milliseconds
@@ -57,7 +70,7 @@ void TextPrintOperation::begin(bool serverAnswers)
     if (m_showsPrintPanel)
         showPanel();
     else
-        start();
+        start(false);
 }
 
 void TextPrintOperation::showPanel()
@@ -67,10 +80,12 @@ void TextPrintOperation::showPanel()
     m_panel->setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintPageRange
                         | QAbstractPrintDialog::PrintCollateCopies
                         | QAbstractPrintDialog::PrintShowPageSize);
+    m_numbers = new QCheckBox(tr("ページ番号を付ける(&G)"));
+    m_panel->setOptionTabs({textTab(m_numbers)});
     const auto finished = [this](int result) {
         deleteWhenUnwound(m_panel);
         if (result == QDialog::Accepted)
-            start();
+            start(m_numbers->isChecked());
         else
             end(false);
     };
@@ -81,10 +96,11 @@ void TextPrintOperation::showPanel()
         chooseFile(*m_panel);
 }
 
-void TextPrintOperation::start()
+void TextPrintOperation::start(bool isNumbered)
 {
     m_target = chosenTarget(*m_printer);
     PdfSettings settings = chosenPages(*m_printer, m_text);
+    settings.format.isNumbered = isNumbered;
     settings.fontFamily = QFontInfo(QApplication::font()).family().toStdString();
     settings.title = QFileInfo(m_info.jobSavingPath).completeBaseName().toStdString();
     m_started.start();

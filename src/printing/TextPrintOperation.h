@@ -9,6 +9,7 @@
 
 #include <memory>
 
+class QCheckBox;
 class QPrintDialog;
 class QProgressDialog;
 
@@ -25,7 +26,7 @@ public:
 private:
     void begin(bool serverAnswers);
     void showPanel();
-    void start();
+    void start(bool isNumbered);
     void showProgress();
     void cancel();
     void finish(const PrintOutcome &outcome);
@@ -37,6 +38,7 @@ private:
     // Shared with the thread that does the work: it may see the end of this.
     std::shared_ptr<PdfProgress> m_progress = std::make_shared<PdfProgress>();
     QPointer<QPrintDialog> m_panel;
+    QPointer<QCheckBox> m_numbers; // in the panel
     QPointer<QProgressDialog> m_progressPanel;
     QTimer m_look;
     QElapsedTimer m_started;

@@ -13,6 +13,7 @@ constexpr std::size_t mostUnitsOfLine = 16384;
 constexpr char16_t softHyphen = u'\u00ad';
 constexpr char16_t ideographicBlank = u'\u3000';
 constexpr std::u16string_view blanks = u" \t\u3000";
+constexpr std::u16string_view endsOfPassages = u"\n\r\f\u3000"; // by which the next line begins
 
 } // namespace
 
@@ -35,8 +36,12 @@ bool Typesetter::set(std::u16string_view text)
         const Paragraph paragraph = paragraphAt(text, at);
         m_done = at;
         beginPassage(paragraph);
+        m_goesOnBelow = m_passage.paragraph != 0 && paragraph.next < text.size() && !paragraph.endsPage
+            && endsOfPassages.find(text[paragraph.next]) == endsOfPassages.npos;
         if (!setParagraph(paragraph) || (paragraph.endsPage && !finishPage()))
             return false;
+        if (paragraph.endsPage)
+            m_passage = {};
         at = paragraph.next;
     }
     m_done = text.size();
@@ -171,12 +176,25 @@ bool Typesetter::placeLine(std::size_t cells)
         placeAsSeen(m_page, broken, m_directions.base(), m_lineWidth);
     else
         placeInOrder(m_page, broken, spreadOf(line, content));
+    if (content.endsParagraph && m_goesOnBelow && !content.runsLeft)
+        partFromNext();
     m_used += height;
     m_lineStart += content.units;
     m_first += cells;
     m_firstGlyph += content.glyphs;
     forgetPlaced();
     return true;
+}
+
+// Words of the next line aren't to be read as one with those of this.
+void Typesetter::partFromNext()
+{
+    if (m_passage.language == Languages::japanese)
+        return;
+    Cells blank;
+    m_shaper.shapeNext(u" ", 0, 1, 0, blank);
+    m_page.glyphs.insert(m_page.glyphs.end(), blank.glyphs.begin(), blank.glyphs.end());
+    m_page.lines.back().glyphs += blank.glyphs.size();
 }
 
 std::span<const Address> Typesetter::addressesOfLine()

@@ -43,6 +43,7 @@ private:
     LineContent contentOf(std::span<const Cell> line) const;
     void hyphenate(std::span<Cell> line, Glyph &glyph);
     std::span<const Address> addressesOfLine();
+    void partFromNext();
     Spread spreadOf(std::span<const Cell> line, const LineContent &content);
     Extent extentOf(std::span<const Cell> line) const;
     void forgetPlaced();
@@ -64,6 +65,7 @@ private:
     bool m_isJapanese = false;  // and how it is set
     Passage m_passage;          // what its glyphs are part of
     std::uint32_t m_passages = 0;
+    bool m_goesOnBelow = false; // which the text's next line is part of, too
     std::vector<Address> m_addresses;
     std::size_t m_nextAddress = 0; // that the line may hold
     std::uint32_t m_addressCount = 0;

@@ -37,6 +37,7 @@ PaperOrder paperOrder(std::u16string_view text, const PdfSettings &settings)
             .collated = settings.collated,
             .lastFirst = settings.lastFirst,
             .grey = settings.grey,
+            .numbered = format.isNumbered,
             .ranges = settings.ranges.size(),
             .characters = text.size(),
             .family = settings.fontFamily.size(),

@@ -35,8 +35,8 @@ struct DecodeOrder {
 struct PaperOrder {
     double width, height, top, bottom, left, right, longestLine; ///< points
     std::int32_t lastPage, copies;
-    std::uint32_t collated, lastFirst, grey;         ///< 0 or 1
-    std::uint64_t ranges, characters, family, title; ///< how many of each
+    std::uint32_t collated, lastFirst, grey, numbered; ///< 0 or 1
+    std::uint64_t ranges, characters, family, title;   ///< how many of each
 };
 
 /// Behind it: what the file holds.

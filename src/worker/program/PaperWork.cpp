@@ -104,8 +104,8 @@ private:
 PdfSettings settings(const PaperOrder &order, std::uint64_t most)
 {
     PdfSettings settings;
-    settings.format = {order.width, order.height, order.top,        order.bottom,
-                       order.left,  order.right,  order.longestLine};
+    settings.format = {order.width, order.height, order.top,         order.bottom,
+                       order.left,  order.right,  order.longestLine, order.numbered != 0};
     settings.lastPage = order.lastPage;
     settings.copies = order.copies;
     settings.collated = order.collated != 0;
