@@ -98,7 +98,8 @@ class PdfTest : public QObject {
         const QByteArray broken = check.readAllStandardError();
         if (!broken.isEmpty())
             qWarning("%s", broken.constData());
-        return check.exitCode() == 0 ? QString::fromUtf8(check.readAllStandardOutput()) : QString();
+        return check.exitCode() == 0 ? u""_s.append(QString::fromUtf8(check.readAllStandardOutput()))
+                                     : QString();
     }
 
     // Without its elements' roles and languages.

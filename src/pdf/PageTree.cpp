@@ -3,6 +3,8 @@
 #include "pdf/ObjectTree.h"
 #include "pdf/PdfSyntax.h"
 
+#include <numeric>
+
 using PdfSyntax::number;
 using PdfSyntax::reference;
 
@@ -15,19 +17,21 @@ std::string entriesOf(const ObjectTree::Node &node)
     return "/Type /Pages /Count " + std::to_string(node.leaves) + " /Kids " + references(node.kids);
 }
 
-std::string entriesOf(const PageObjects &page)
+std::string entriesOf(const PageObjects &page, int key)
 {
     std::string entries = "/Type /Page /Contents " + reference(page.content);
-    if (page.key >= 0)
-        entries += " /StructParents " + std::to_string(page.key);
-    if (!page.links.empty())
-        entries += " /Tabs /S /Annots " + references(page.links);
-    return entries;
+    if (page.parts > 0)
+        entries += " /StructParents " + std::to_string(key);
+    if (page.links == 0)
+        return entries;
+    std::vector<int> links(std::size_t(page.links));
+    std::iota(links.begin(), links.end(), page.firstLink);
+    return entries + " /Tabs /S /Annots " + references(links);
 }
 
 } // namespace
 
-PageTree writePages(PdfFile &file, const std::vector<PageObjects> &pages, const std::string &resources,
+PageTree writePages(PdfFile &file, const std::deque<PageObjects> &pages, const std::string &resources,
                     const PageFormat &format)
 {
     const auto withParent = [](const std::string &entries, int parent) {
@@ -38,9 +42,11 @@ PageTree writePages(PdfFile &file, const std::vector<PageObjects> &pages, const 
     });
     PageTree written;
     written.pages.reserve(pages.size());
+    int key = 0;
     for (const PageObjects &page : pages) {
-        written.pages.push_back(file.add(withParent(entriesOf(page), tree.nextParent())));
+        written.pages.push_back(file.add(withParent(entriesOf(page, key), tree.nextParent())));
         tree.add(written.pages.back());
+        key = page.keyAfter(key);
     }
     const ObjectTree::Node root = tree.finish();
     written.root = root.number;

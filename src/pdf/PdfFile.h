@@ -3,6 +3,7 @@
 #include "pdf/PdfOutput.h"
 
 #include <cstdint>
+#include <deque>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -46,7 +47,7 @@ private:
     PdfOutput m_output;
     std::uint64_t m_length = 0;
     std::uint64_t m_digest = 0;
-    std::vector<Place> m_places;
+    std::deque<Place> m_places;
     // Objects that are packed together next.
     std::vector<int> m_packed;
     std::string m_packedPlaces;

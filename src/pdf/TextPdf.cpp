@@ -14,6 +14,8 @@
 
 namespace {
 
+using Pages = std::deque<PageObjects>;
+
 struct Cancelled { };
 struct NoFonts { };
 
@@ -31,18 +33,16 @@ public:
     {
     }
 
-    void add(PageContent &&content)
+    /// Its object.
+    int written(PageContent &&content)
     {
         int &number = known(content.bytes);
         if (number == 0) {
             number = m_file.newObject();
             m_file.writeStream(number, content.isDeflated ? "/Filter /FlateDecode" : "", content.bytes);
         }
-        m_numbers.push_back(number);
+        return number;
     }
-
-    /// Of each page, in order.
-    std::vector<int> numbers() && { return std::move(m_numbers); }
 
 private:
     int &known(const std::string &bytes)
@@ -57,7 +57,6 @@ private:
     }
 
     PdfFile &m_file;
-    std::vector<int> m_numbers;
     std::unordered_map<std::string, int> m_known;
     int m_other = 0;
 };
@@ -75,12 +74,16 @@ void withoutTags(Page &page)
     page.links.clear();
 }
 
-std::vector<PageObjects> pagesOf(std::u16string_view text, const PdfSettings &settings, FontList &fonts,
-                                 DocumentFonts &codes, PdfProgress &progress, PdfFile &file, TextTags &tags)
+Pages pagesOf(std::u16string_view text, const PdfSettings &settings, FontList &fonts, DocumentFonts &codes,
+              PdfProgress &progress, PdfFile &file, TextTags &tags)
 {
-    Contents written(file);
-    CompressedPages made(threadsBeside(), [&](PageContent &&content) { written.add(std::move(content)); });
-    std::vector<PageObjects> pages;
+    Contents contents(file);
+    Pages pages;
+    std::size_t next = 0; // to get its content
+    const auto keep = [&](PageContent &&content) {
+        pages[next++].content = contents.written(std::move(content));
+    };
+    CompressedPages made(threadsBeside(), keep);
     int number = 0;
     const auto take = [&](Page &&page, std::size_t done) {
         ++number;
@@ -99,14 +102,11 @@ std::vector<PageObjects> pagesOf(std::u16string_view text, const PdfSettings &se
     if (progress.cancelled)
         throw Cancelled();
     made.finish();
-    const std::vector<int> numbers = std::move(written).numbers();
-    for (std::size_t i = 0; i < pages.size(); ++i)
-        pages[i].content = numbers[i];
     return pages;
 }
 
 // As often, and in the order, in which they are wanted.
-std::vector<PageObjects> repeated(std::vector<PageObjects> pages, const PdfSettings &settings)
+Pages repeated(Pages pages, const PdfSettings &settings)
 {
     constexpr std::size_t bytesOfPage = 200; // in a document that is being made
     const std::size_t all = pages.size() * std::size_t(settings.copies);
@@ -118,11 +118,31 @@ std::vector<PageObjects> repeated(std::vector<PageObjects> pages, const PdfSetti
         return pages;
     if (settings.lastFirst)
         std::reverse(pages.begin(), pages.end());
-    std::vector<PageObjects> wanted;
-    wanted.reserve(all);
+    Pages wanted;
     for (std::size_t i = 0; i < all; ++i)
         wanted.push_back(pages[settings.collated ? i % pages.size() : i / std::size_t(settings.copies)]);
     return wanted;
+}
+
+/// What the end of the file says of all that has been written; of millions of pages nothing else is kept.
+struct Written {
+    int pages = 0;
+    std::string structure;
+};
+
+Written writeAll(std::u16string_view text, const PdfSettings &settings, FontList &fonts,
+                 PdfProgress &progress, PdfFile &file)
+{
+    DocumentFonts codes;
+    TextTags tags(file);
+    const Pages made = repeated(pagesOf(text, settings, fonts, codes, progress, file, tags), settings);
+    const auto look = [&] {
+        if (progress.cancelled)
+            throw Cancelled();
+    };
+    const std::string resources = "<</Font " + fontResources(file, codes, settings.grey, look) + ">>";
+    const PageTree tree = writePages(file, made, resources, settings.format);
+    return {tree.root, isRead(settings) ? tags.finish(made, tree) : ""};
 }
 
 void write(std::u16string_view text, const PdfSettings &settings, const PdfOutput &output,
@@ -133,17 +153,8 @@ void write(std::u16string_view text, const PdfSettings &settings, const PdfOutpu
         throw NoFonts();
     PdfFile file(
         [&](const char *bytes, std::size_t count) { return !progress.cancelled && output(bytes, count); });
-    DocumentFonts codes;
-    TextTags tags(file);
-    const auto made = pagesOf(text, settings, fonts, codes, progress, file, tags);
-    const auto look = [&] {
-        if (progress.cancelled)
-            throw Cancelled();
-    };
-    const std::string resources = "<</Font " + fontResources(file, codes, settings.grey, look) + ">>";
-    const PageTree pages = writePages(file, repeated(made, settings), resources, settings.format);
-    finishPdf(file, pages.root,
-              {.title = settings.title, .structure = isRead(settings) ? tags.finish(pages.pages) : ""});
+    const auto [pages, structure] = writeAll(text, settings, fonts, progress, file);
+    finishPdf(file, pages, {.title = settings.title, .structure = structure});
 }
 
 } // namespace

@@ -27,17 +27,18 @@ Box around(const std::vector<Box> &boxes)
     return all;
 }
 
-int writeLink(PdfFile &file, const Link &link, int key)
+void writeLink(PdfFile &file, int object, const Link &link, int key)
 {
     const Box all = around(link.boxes);
     std::string corners;
     for (const auto &[left, bottom, right, top] : link.boxes)
         corners += numbers({left, top, right, top, left, bottom, right, bottom});
     const std::string target = PdfSyntax::string(link.target);
-    return file.add("<</Type /Annot /Subtype /Link /F 4 /Border [0 0 0] /Rect ["
-                    + numbers({all.left, all.bottom, all.right, all.top}) + "] /QuadPoints [" + corners
-                    + "] /StructParent " + std::to_string(key) + " /Contents " + target
-                    + " /A <</S /URI /URI " + target + ">>>>");
+    file.write(object,
+               "<</Type /Annot /Subtype /Link /F 4 /Border [0 0 0] /Rect ["
+                   + numbers({all.left, all.bottom, all.right, all.top}) + "] /QuadPoints [" + corners
+                   + "] /StructParent " + std::to_string(key) + " /Contents " + target
+                   + " /A <</S /URI /URI " + target + ">>>>");
 }
 
 // What differs from the language of the document.
@@ -51,47 +52,57 @@ std::string languageEntry(Language language)
 
 PageObjects TextTags::add(const Page &page)
 {
-    TaggedPage &tagged = m_pages.emplace_back();
-    tagged.key = m_nextKey++;
-    PageObjects objects{.key = tagged.key};
+    constexpr int mostLinks = 1 << 18;
+    PageObjects objects;
+    if (m_links < mostLinks)
+        objects.links = int(page.links.size());
+    for (int i = 0; i < objects.links; ++i)
+        objects.firstLink = m_file.newObject() - i;
+    for (int i = 0; i < objects.links; ++i)
+        writeLink(m_file, objects.firstLink + i, page.links[std::size_t(i)], m_nextKey + 1 + i);
+    m_nextKey = objects.keyAfter(m_nextKey);
+    m_links += objects.links;
+
+    int link = 0; // the next one
     for (const auto &[first, paragraph, address, language] : page.passages) {
-        if (paragraph != 0)
-            tagged.parts.push_back({paragraph, address, language});
+        if (paragraph == 0)
+            continue;
+        const bool isLink = link < objects.links && page.links[std::size_t(link)].address == address;
+        m_parts.push_back({paragraph, isLink, language});
+        link += isLink;
+        ++objects.parts;
     }
-    for (const Link &link : page.links) {
-        const int annotation = writeLink(m_file, link, m_nextKey++);
-        objects.links.push_back(annotation);
-        tagged.links.emplace_back(link.address, annotation);
-    }
-    if (tagged.parts.empty())
-        objects.key = -1;
     return objects;
 }
 
-std::string TextTags::finish(const std::vector<int> &pages)
+std::string TextTags::finish(const std::deque<PageObjects> &pages, const PageTree &tree)
 {
+    constexpr std::uint32_t mostParagraphs = 1 << 20;
+    constexpr int mostParts = 1 << 12; // of one element
     Structure structure(m_file);
     std::uint32_t open = 0;
-    for (std::size_t i = 0; i < pages.size(); ++i) {
-        const TaggedPage &page = m_pages[i];
-        auto link = page.links.begin();
-        structure.beginPage(pages[i], page.key);
-        for (const auto &[paragraph, address, language] : page.parts) {
-            if (open != paragraph) {
+    int count = 0; // of its parts
+    int key = 0;
+    auto part = m_parts.begin();
+    for (std::size_t i = 0; i < pages.size(); key = pages[i++].keyAfter(key)) {
+        int link = 0;
+        structure.beginPage(tree.pages[i], key);
+        for (int parts = pages[i].parts; parts > 0; --parts, ++part) {
+            const auto paragraph = std::min<std::uint32_t>(part->paragraph, mostParagraphs);
+            if (open != paragraph || ++count == mostParts) {
                 if (open != 0)
                     structure.close();
-                structure.open("P", languageEntry(language));
+                structure.open("P", languageEntry(part->language));
+                open = paragraph;
+                count = 0;
             }
-            open = paragraph;
-            if (address != 0)
+            if (part->isLink)
                 structure.open("Link");
             structure.addContent();
-            if (address == 0)
+            if (!part->isLink)
                 continue;
-            if (link != page.links.end() && link->first == address) {
-                structure.addAnnotation(link->second, page.key + 1 + int(link - page.links.begin()));
-                ++link;
-            }
+            structure.addAnnotation(pages[i].firstLink + link, key + 1 + link);
+            ++link;
             structure.close();
         }
     }

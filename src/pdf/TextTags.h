@@ -3,7 +3,10 @@
 #include "pdf/PageTree.h"
 #include "typesetting/Page.h"
 
-/// What readers are told of the pages of a text: its paragraphs, and the addresses in it.
+#include <deque>
+
+/// What readers are told of the pages of a text: its paragraphs, and the addresses in it. There are limits
+/// to how many: what is beyond is part of the last paragraph, and no address.
 class TextTags {
 public:
     explicit TextTags(PdfFile &file)
@@ -15,22 +18,20 @@ public:
     /// page's passages.
     PageObjects add(const Page &page);
 
-    /// Writes the structure of these pages. Returns what the catalog has to say.
-    std::string finish(const std::vector<int> &pages);
+    /// Writes the structure of all these pages, which have become the objects of the tree. Returns what the
+    /// catalog has to say.
+    std::string finish(const std::deque<PageObjects> &pages, const PageTree &tree);
 
 private:
+    // There may be millions of them.
     struct Part {
-        std::uint32_t paragraph;
-        std::uint32_t address;
+        std::uint32_t paragraph : 31;
+        std::uint32_t isLink : 1;
         Language language;
-    };
-    struct TaggedPage {
-        int key = 0;
-        std::vector<Part> parts;
-        std::vector<std::pair<std::uint32_t, int>> links; // addresses and annotations
     };
 
     PdfFile &m_file;
-    std::vector<TaggedPage> m_pages;
+    std::deque<Part> m_parts;
     int m_nextKey = 0;
+    int m_links = 0;
 };

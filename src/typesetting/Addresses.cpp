@@ -1,7 +1,6 @@
 #include "typesetting/Addresses.h"
 
 #include <algorithm>
-#include <optional>
 
 namespace {
 
@@ -74,7 +73,8 @@ std::string ascii(std::u16string_view text)
     return {text.begin(), text.end()};
 }
 
-// Around the colon of "://", which stands at `colon`; `from` is where it may begin.
+// Around the colon of "://", which stands at `colon`; `from` is where it may begin. Without a target, it is
+// too long, and there is none in all of that.
 std::optional<Address> webAddress(std::u16string_view text, std::size_t colon, std::size_t from)
 {
     for (const std::u16string_view scheme : {u"https", u"http"}) {
@@ -88,7 +88,9 @@ std::optional<Address> webAddress(std::u16string_view text, std::size_t colon, s
         const auto whole = text.substr(begin, end - begin);
         const std::size_t length = withoutWhatIsAround(whole);
         const bool hasHost = length > scheme.size() + 3 && isAlphanumeric(text[colon + 3]);
-        if (hasHost && length <= longest)
+        if (length > longest)
+            return Address{begin, length, {}, 0};
+        if (hasHost)
             return Address{begin, length, ascii(whole.substr(0, length)), 0};
     }
     return {};
@@ -113,22 +115,32 @@ std::optional<Address> mailAddress(std::u16string_view text, std::size_t at, std
 
 } // namespace
 
-std::vector<Address> addressesIn(std::u16string_view text, std::uint32_t last)
+void Addresses::setParagraph(std::u16string_view text)
 {
-    std::vector<Address> addresses;
-    std::size_t from = 0; // none begins before
-    for (std::size_t at = 0; at < text.size(); ++at) {
+    m_text = text;
+    m_at = m_from = 0;
+    m_found.clear();
+}
+
+const std::deque<Address> &Addresses::inLine(std::size_t begin, std::size_t end)
+{
+    constexpr std::size_t ahead = 100; // what tells an address stands within it
+    while (!m_found.empty() && m_found.front().end() <= begin)
+        m_found.pop_front();
+    for (; m_at < std::min(m_text.size(), end + ahead); ++m_at) {
         std::optional<Address> found;
-        if (text[at] == u':')
-            found = webAddress(text, at, from);
-        else if (text[at] == u'@')
-            found = mailAddress(text, at, from);
+        if (m_text[m_at] == u':')
+            found = webAddress(m_text, m_at, m_from);
+        else if (m_text[m_at] == u'@')
+            found = mailAddress(m_text, m_at, m_from);
         if (!found)
             continue;
-        from = found->begin + found->length;
-        at = from - 1;
-        found->number = ++last;
-        addresses.push_back(*std::move(found));
+        m_from = found->end();
+        m_at = m_from - 1;
+        if (found->target.empty())
+            continue;
+        found->number = ++m_last;
+        m_found.push_back(*std::move(found));
     }
-    return addresses;
+    return m_found;
 }

@@ -62,15 +62,16 @@ private:
 } // namespace
 
 std::vector<LineMark> marksOf(std::span<const Cell> line, std::size_t lineStart,
-                              std::span<const Address> addresses, Language language)
+                              const std::deque<Address> &addresses, Language language)
 {
     Marks marks(line, language);
     std::size_t unit = lineStart;
+    auto next = addresses.begin();
     for (std::size_t cell = 0; cell < line.size(); unit += line[cell++].length) {
-        while (!addresses.empty() && addresses.front().begin + addresses.front().length <= unit)
-            addresses = addresses.subspan(1);
-        if (!addresses.empty() && addresses.front().begin <= unit)
-            marks.addAddress(cell, addresses.front());
+        while (next != addresses.end() && next->end() <= unit)
+            ++next;
+        if (next != addresses.end() && next->begin <= unit)
+            marks.addAddress(cell, *next);
         else
             marks.addCharacter(cell);
     }

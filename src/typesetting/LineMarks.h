@@ -17,4 +17,4 @@ struct LineMark {
 /// Those of a line in their order; none overlap. `addresses` are those of the paragraph, in which the line
 /// begins at `lineStart`; `language` is the paragraph's.
 std::vector<LineMark> marksOf(std::span<const Cell> line, std::size_t lineStart,
-                              std::span<const Address> addresses, Language language);
+                              const std::deque<Address> &addresses, Language language);

@@ -141,6 +141,13 @@ private:
     bool m_isForeign = false;
 };
 
+// Much that says another text than it should is said at once.
+bool goesWithNext(std::span<const Cell> cells, std::size_t cell)
+{
+    return cell + 1 < cells.size() && cells[cell + 1].marks.isUnsaid && cells[cell].level == 0
+        && cells[cell + 1].level == 0;
+}
+
 // What a reader would take apart goes into one saying, with all that is bound up with it. Where that is
 // marked in two ways, the first glyph of the second goes with the saying before, its text with the one
 // behind: so none is across. Returns the cells of these glyphs.
@@ -164,7 +171,8 @@ std::vector<std::size_t> say(const Misread &misread, Page &page, const BrokenLin
         units += cells[i].length;
         saying.glyphs += isLent ? 0 : cells[i].glyphs;
         isNeeded = isNeeded || isLent || isApart || cells[i].marks.isUnsaid;
-        if (isLent || (isApart && !marker.isBorder(i + 1)))
+        const bool isBound = isLent || isApart || (cells[i].marks.isUnsaid && goesWithNext(cells, i));
+        if (isBound && (isLent || !marker.isBorder(i + 1)))
             continue;
         if (isApart && canLend(i + 1)) {
             lent.push_back(i + 1);

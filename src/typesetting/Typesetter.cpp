@@ -9,7 +9,7 @@ namespace {
 
 constexpr Millipoints tabStop = 4 * Millipoints(textSize) * 1000; // four squares
 constexpr std::size_t mostCellsOfLine = 2048;                     // where nothing has a width
-constexpr std::size_t mostUnitsOfLine = 16384;
+constexpr std::size_t mostUnitsOfLine = 16'000;                   // which a document takes as one string
 constexpr char16_t softHyphen = u'\u00ad';
 constexpr char16_t ideographicBlank = u'\u3000';
 constexpr std::u16string_view blanks = u" \t\u3000";
@@ -58,12 +58,7 @@ void Typesetter::beginPassage(const Paragraph &paragraph)
         m_passage = {};
     else if (m_passage.paragraph == 0 || isIndented)
         m_passage = {.paragraph = ++m_passages, .language = Languages::mostOf(paragraph.text)};
-    m_nextAddress = 0;
-    m_addresses.clear();
-    if (!paragraph.maybeAddresses)
-        return;
-    m_addresses = addressesIn(paragraph.text, m_addressCount);
-    m_addressCount += std::uint32_t(m_addresses.size());
+    m_addresses.setParagraph(paragraph.maybeAddresses ? paragraph.text : std::u16string_view());
 }
 
 bool Typesetter::setParagraph(const Paragraph &paragraph)
@@ -166,7 +161,7 @@ bool Typesetter::placeLine(std::size_t cells)
         return false;
     const Millipoints top = Millipoints((m_format.height - m_format.top) * 1000) - m_used;
     m_page.lines.push_back({Millipoints(m_format.left * 1000), top - extent.ascent, content.glyphs});
-    const auto addresses = addressesOfLine();
+    const auto &addresses = m_addresses.inLine(m_lineStart, m_lineStart + content.units);
     std::vector<LineMark> marks;
     if (content.anyForeign || (content.anyBorrowed && content.anyBlank) || !addresses.empty())
         marks = marksOf(line, m_lineStart, addresses, m_passage.language);
@@ -195,16 +190,6 @@ void Typesetter::partFromNext()
     m_shaper.shapeNext(u" ", 0, 1, 0, blank);
     m_page.glyphs.insert(m_page.glyphs.end(), blank.glyphs.begin(), blank.glyphs.end());
     m_page.lines.back().glyphs += blank.glyphs.size();
-}
-
-std::span<const Address> Typesetter::addressesOfLine()
-{
-    const auto isOver = [this](const Address &address) {
-        return address.begin + address.length <= m_lineStart;
-    };
-    while (m_nextAddress < m_addresses.size() && isOver(m_addresses[m_nextAddress]))
-        ++m_nextAddress;
-    return std::span(m_addresses).subspan(m_nextAddress);
 }
 
 Spread Typesetter::spreadOf(std::span<const Cell> line, const LineContent &content)

@@ -42,7 +42,6 @@ private:
     bool placeLine(std::size_t cells);
     LineContent contentOf(std::span<const Cell> line) const;
     void hyphenate(std::span<Cell> line, Glyph &glyph);
-    std::span<const Address> addressesOfLine();
     void partFromNext();
     Spread spreadOf(std::span<const Cell> line, const LineContent &content);
     Extent extentOf(std::span<const Cell> line) const;
@@ -66,9 +65,7 @@ private:
     Passage m_passage;          // what its glyphs are part of
     std::uint32_t m_passages = 0;
     bool m_goesOnBelow = false; // which the text's next line is part of, too
-    std::vector<Address> m_addresses;
-    std::size_t m_nextAddress = 0; // that the line may hold
-    std::uint32_t m_addressCount = 0;
+    Addresses m_addresses;
     // Shaped, but not placed yet: from m_first on.
     Cells m_pending;
     std::size_t m_first = 0;

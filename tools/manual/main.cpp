@@ -124,9 +124,10 @@ bool make(const std::filesystem::path &source, const std::filesystem::path &out)
         manual.add(block);
     manual.finish();
 
-    std::vector<PageObjects> objects;
+    std::deque<PageObjects> objects;
     for (const ManualPages::Sheet &sheet : manual.sheets())
-        objects.push_back({.content = file.addStream("", sheet.drawing), .key = int(objects.size())});
+        objects.push_back(
+            {.content = file.addStream("", sheet.drawing), .parts = int(sheet.contents.size())});
     const std::string resources =
         "<</Font " + fontResources(file, codes, false, [] {}) + " /XObject " + manual.images() + ">>";
     const PageTree tree = writePages(file, objects, resources, manual.format());
