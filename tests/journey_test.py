@@ -219,11 +219,13 @@ class Journey(unittest.TestCase):
         self.assertEqual(os.listdir(downloads), [])
         self.press("button", "簡易PDF")
         window("印刷")
+        self.press("check box", "ページ番号を付ける(G)")
         keys("Return")
         wait_for(pdf.exists)
         self.assertEqual(os.listdir(downloads), ["名称未設定.pdf"])
         text = run("pdftotext", "-raw", str(pdf), "-")
         self.assertTrue(text.startswith("abcアプリ起動後に"), text)
+        self.assertTrue(text.endswith("\n1\n\f"), "the number of the page")
         self.assertIn("595 x 842", run("pdfinfo", str(pdf)))
 
     def test_an_event_is_kept_confirmed_and_begins_a_journey(self):

@@ -63,6 +63,12 @@ def variable(family, character):
     return made
 
 
+def forbidden(family, character):
+    made = font(family, {character: bar(0, 100)})
+    made.font["OS/2"].fsType = 2
+    return made
+
+
 FONTS = {
     "layers": painted("Layers", 0xE000, 0),
     "painted": painted("Painted", 0x1F600, 1),
@@ -70,6 +76,7 @@ FONTS = {
     # As fonts for Japanese have marks: as wide as a letter, and in no way known to be marks.
     "marks": font("Marks", {ord("q"): bar(100, 400, 0, 400), 0x301: bar(300, 800, 600, 700), 0x302: bar(300, 800, 600, 700)},
                   {"u71": 500}),
+    "forbidden": forbidden("Forbidden", 0xE010),
     "low": font("Low", {ord("x"): bar(100, 400, 0, 400)}),
 }
 

@@ -229,7 +229,7 @@ private slots:
             {u"一つ目の\n段落。\n\n二つ目。\n　三つ目。\f四つ目。\n \n",
              u"P ja 一つ目の段落。\nP ja 二つ目。\nP ja 　三つ目。\nP ja 四つ目。\n"},
             {u"Hard-wrapped by\nits writer.\n\nПривет\n\n안녕 세상",
-             u"P en Hard-wrapped by its writer.\n"
+             u"P en Hard-wrapped by\nits writer.\n"
              u"P ru Привет\nP ko 안녕 세상\n"},
             {u"שלום עולם 123 abc.\n\nمرحبا بالعالم", u"P he שלום עולם 123 abc.\nP ar مرحبا بالعالم\n"},
             {u"これは「the quick fox」と「Linux」と「Привет」。",
@@ -338,6 +338,8 @@ private slots:
         QVERIFY(colouredIn(page()) > 20);                 // from the next font
         QCOMPARE(write(u"\ue001"_s), PdfResult::Written); // which is 0.1 wide where it is thin
         QVERIFY(qAbs(whereDark(page(300)).width() - 20) < 2);
+        QCOMPARE(write(u"\ue010"_s), PdfResult::Written); // whose font may not be embedded
+        QVERIFY(!said(u"pdffonts"_s, {m_file}).contains(u"CID"_s));
         QCOMPARE(write(u"q\u0302\u0301 q\u0301"_s, {.fontFamily = "Marks"}), PdfResult::Written);
         QCOMPARE(withoutBlanks(read({})), u"q\u0302\u0301q\u0301"_s);
     }

@@ -47,7 +47,7 @@ CharacterKind kindOf(char32_t c, UScriptCode script)
     using enum CharacterKind;
     if (c == U' ' || c == U'\u3000')
         return Blank;
-    if (c == U'\t')
+    if (c == U'\t' || c == U'\n')
         return Tab;
     if (isJoiner(c))
         return Joiner;
@@ -124,7 +124,7 @@ const Character &CharacterTable::lookedAt(char32_t c)
         character.glyph.code = m_codes.code(*character.font, DocumentFonts::nothing, textOf(c));
         break;
     case CharacterKind::Tab:
-        makeTab(character);
+        makeTab(character, c);
         break;
     case CharacterKind::Picture:
         character.font = m_fonts.pictureFontFor(c);
@@ -167,12 +167,13 @@ void CharacterTable::shape(Character &character, char32_t c)
     character.marks.isTall = !m_room.holds(inkOf(*character.font, info->codepoint, 0));
 }
 
-// It is a blank, whose width is known only where it stands: it begins with none.
-void CharacterTable::makeTab(Character &character)
+// It is a blank, whose width is known only where it stands: it begins with none. So is the end of a line in
+// the midst of a paragraph.
+void CharacterTable::makeTab(Character &character, char32_t c)
 {
     character.font = m_fonts.first();
     hb_codepoint_t blank = 0;
     hb_font_get_nominal_glyph(character.font->font(), U' ', &blank);
-    character.glyph.code = m_codes.code(*character.font, blank, u"\t");
+    character.glyph.code = m_codes.code(*character.font, blank, textOf(c));
     character.glyph.excess = -character.font->advance(blank);
 }

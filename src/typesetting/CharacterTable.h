@@ -58,7 +58,7 @@ private:
 
     const Character &lookedAt(char32_t c);
     void shape(Character &character, char32_t c);
-    void makeTab(Character &character);
+    void makeTab(Character &character, char32_t c);
 
     FontList &m_fonts;
     DocumentFonts &m_codes;

@@ -186,10 +186,10 @@ void Typesetter::partFromNext()
 {
     if (m_passage.language == Languages::japanese)
         return;
-    Cells blank;
-    m_shaper.shapeNext(u" ", 0, 1, 0, blank);
-    m_page.glyphs.insert(m_page.glyphs.end(), blank.glyphs.begin(), blank.glyphs.end());
-    m_page.lines.back().glyphs += blank.glyphs.size();
+    Cells end;
+    m_shaper.shapeNext(u"\n", 0, 1, 0, end);
+    m_page.glyphs.insert(m_page.glyphs.end(), end.glyphs.begin(), end.glyphs.end());
+    m_page.lines.back().glyphs += end.glyphs.size();
 }
 
 Spread Typesetter::spreadOf(std::span<const Cell> line, const LineContent &content)
