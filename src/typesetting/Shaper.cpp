@@ -1,7 +1,8 @@
 #include "typesetting/Shaper.h"
 
+#include "typesetting/Emoji.h"
+
 #include <unicode/uchar.h>
-#include <unicode/utf16.h>
 
 #include <algorithm>
 #include <functional>
@@ -12,61 +13,6 @@ constexpr std::size_t longestWord = 64;      // units; longer ones are shaped in
 constexpr std::size_t longestUnit = 256;     // no heap of marks is longer, and so no cell
 constexpr std::size_t unitsToKeep = 400'000; // of words: some ten megabytes, shaped
 constexpr std::size_t contextLength = 16;    // what a font may want to see on either side
-constexpr char32_t asPicture = 0xfe0f;
-constexpr char32_t asText = 0xfe0e;
-constexpr char32_t zeroWidthJoiner = 0x200d;
-
-struct Next {
-    char32_t character = 0;
-    std::size_t length = 0; // units; 0 at the end
-};
-
-Next characterAt(std::u16string_view text, std::size_t at)
-{
-    if (at >= text.size())
-        return {};
-    const char16_t unit = text[at];
-    if (!U16_IS_SURROGATE(unit))
-        return {unit, 1};
-    if (U16_IS_SURROGATE_LEAD(unit) && at + 1 < text.size() && U16_IS_TRAIL(text[at + 1]))
-        return {char32_t(U16_GET_SUPPLEMENTARY(unit, text[at + 1])), 2};
-    return {0xfffd, 1};
-}
-
-bool isFlagHalf(char32_t c)
-{
-    return c >= 0x1f1e6 && c <= 0x1f1ff;
-}
-
-bool isSkinTone(char32_t c)
-{
-    return c >= 0x1f3fb && c <= 0x1f3ff;
-}
-
-bool isPictograph(char32_t c)
-{
-    return u_hasBinaryProperty(UChar32(c), UCHAR_EXTENDED_PICTOGRAPHIC);
-}
-
-// A skin tone belongs to a person, and is a picture of its own behind anything else.
-bool isToned(char32_t c, char32_t next)
-{
-    return isSkinTone(next) && u_hasBinaryProperty(UChar32(c), UCHAR_EMOJI_MODIFIER_BASE);
-}
-
-// What is text by default becomes a picture by what follows it.
-bool isMadePicture(char32_t c, std::u16string_view rest)
-{
-    const Next next = characterAt(rest, 0);
-    switch (next.character) {
-    case asPicture:
-        return u_hasBinaryProperty(UChar32(c), UCHAR_EMOJI);
-    case zeroWidthJoiner:
-        return isPictograph(c) && isPictograph(characterAt(rest, next.length).character);
-    default:
-        return isToned(c, next.character);
-    }
-}
 
 // Whether a character isn't drawn for itself, for what comes next.
 bool isJoined(char32_t c, UScriptCode script, char32_t next, CharacterKind nextKind)
