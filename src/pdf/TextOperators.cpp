@@ -24,10 +24,8 @@ void TextOperators::endLine()
     m_text += '\n';
 }
 
-void TextOperators::setFont(int font)
+void TextOperators::changeFont(int font)
 {
-    if (m_font == font)
-        return;
     endShown();
     m_font = font;
     m_text += "/F";
@@ -37,10 +35,8 @@ void TextOperators::setFont(int font)
     m_text += " Tf";
 }
 
-void TextOperators::setRise(Millipoints up)
+void TextOperators::changeRise(Millipoints up)
 {
-    if (m_rise == up)
-        return;
     endShown();
     m_rise = up;
     m_text += ' ';
@@ -57,10 +53,8 @@ void TextOperators::setSpacing(Millipoints spacing)
     m_text += " Tc";
 }
 
-void TextOperators::setMute(bool mute)
+void TextOperators::changeMute(bool mute)
 {
-    if (m_mute == mute)
-        return;
     endShown();
     m_mute = mute;
     m_text += mute ? "/Span<</ActualText()>>BDC " : " EMC ";

@@ -14,13 +14,25 @@ public:
     void beginLine(Millipoints left, Millipoints baseline);
     void endLine();
 
-    void setFont(int font);
-    void setRise(Millipoints up);
+    void setFont(int font)
+    {
+        if (m_font != font)
+            changeFont(font);
+    }
+    void setRise(Millipoints up)
+    {
+        if (m_rise != up)
+            changeRise(up);
+    }
     /// What follows each glyph from here on, beside its own advance.
     void setSpacing(Millipoints spacing);
     Millipoints spacing() const { return m_spacing; }
     /// Codes without a text: readers tend to take them for characters of these numbers.
-    void setMute(bool mute);
+    void setMute(bool mute)
+    {
+        if (m_mute != mute)
+            changeMute(mute);
+    }
 
     void move(Millipoints right);
     void show(GlyphCode code)
@@ -42,6 +54,9 @@ public:
     std::string finished();
 
 private:
+    void changeFont(int font);
+    void changeRise(Millipoints up);
+    void changeMute(bool mute);
     void openString()
     {
         if (m_inString)

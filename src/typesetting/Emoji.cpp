@@ -1,7 +1,6 @@
 #include "typesetting/Emoji.h"
 
 #include <unicode/uchar.h>
-#include <unicode/utf16.h>
 
 namespace {
 
@@ -11,18 +10,6 @@ bool isSkinTone(char32_t c)
 }
 
 } // namespace
-
-Next characterAt(std::u16string_view text, std::size_t at)
-{
-    if (at >= text.size())
-        return {};
-    const char16_t unit = text[at];
-    if (!U16_IS_SURROGATE(unit))
-        return {unit, 1};
-    if (U16_IS_SURROGATE_LEAD(unit) && at + 1 < text.size() && U16_IS_TRAIL(text[at + 1]))
-        return {char32_t(U16_GET_SUPPLEMENTARY(unit, text[at + 1])), 2};
-    return {0xfffd, 1};
-}
 
 bool isFlagHalf(char32_t c)
 {

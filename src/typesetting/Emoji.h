@@ -1,5 +1,7 @@
 #pragma once
 
+#include <unicode/utf16.h>
+
 #include <cstddef>
 #include <string_view>
 
@@ -15,7 +17,17 @@ struct Next {
 };
 
 /// What stands there; a half of a pair is U+FFFD.
-Next characterAt(std::u16string_view text, std::size_t at);
+inline Next characterAt(std::u16string_view text, std::size_t at)
+{
+    if (at >= text.size())
+        return {};
+    const char16_t unit = text[at];
+    if (!U16_IS_SURROGATE(unit))
+        return {unit, 1};
+    if (U16_IS_SURROGATE_LEAD(unit) && at + 1 < text.size() && U16_IS_TRAIL(text[at + 1]))
+        return {char32_t(U16_GET_SUPPLEMENTARY(unit, text[at + 1])), 2};
+    return {0xfffd, 1};
+}
 
 bool isFlagHalf(char32_t c);
 bool isPictograph(char32_t c);
