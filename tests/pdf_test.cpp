@@ -130,6 +130,21 @@ class PdfTest : public QObject {
         return all;
     }
 
+    // Of the first address, one in each line.
+    QList<QRectF> linkBoxes() const
+    {
+        const QString all = said(u"qpdf"_s, {u"--qdf"_s, m_file, u"-"_s})
+                                .section(u"/QuadPoints ["_s, 1)
+                                .section(u']', 0, 0);
+        const QStringList corners = all.simplified().split(u' ');
+        QList<QRectF> boxes;
+        for (int i = 0; i + 8 <= corners.size(); i += 8) {
+            const auto at = [&](int number) { return corners[i + number].toDouble(); };
+            boxes.emplaceBack(QPointF(at(0), 842 - at(1)), QPointF(at(6), 842 - at(7)));
+        }
+        return boxes;
+    }
+
     // The upper part of the first page.
     QImage page(int dotsPerInch = 72) const
     {
@@ -265,9 +280,18 @@ private slots:
             QCOMPARE(followed.join(u' ').trimmed(), QString::fromUtf16(expected));
         }
         write(u"国https://"_s + u"a.example/"_s.repeated(30));
-        const QString boxes = said(u"qpdf"_s, {u"--qdf"_s, m_file, u"-"_s}).section(u"/QuadPoints ["_s, 1);
-        QCOMPARE(boxes.section(u']', 0, 0).split(u'\n', Qt::SkipEmptyParts).size() / 8, 4); // lines
+        QCOMPARE(linkBoxes().size(), 4); // lines
         QCOMPARE(said(u"pdfinfo"_s, {u"-url"_s, m_file}).count(u"Annotation"_s), 1);
+        for (const QString &text : {u"See http://a.example now"_s, u"שלום http://a.example עולם"_s}) {
+            write(text);
+            const auto all = words();
+            const auto word = std::find_if(all.begin(), all.end(),
+                                           [](auto &each) { return each.first.startsWith(u"http"_s); });
+            const QRectF box = linkBoxes().value(0);
+            QVERIFY(qAbs(box.left() - word->second.left()) < 0.5);
+            QVERIFY(qAbs(box.right() - word->second.right()) < 0.5);
+            QVERIFY(qAbs(box.center().y() - word->second.center().y()) < 4);
+        }
     }
 
     void theSameTextMakesTheSameBytes()
