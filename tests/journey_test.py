@@ -75,6 +75,7 @@ def role_of(node):
 
 class Journey(unittest.TestCase):
     def setUp(self):
+        HEARD.clear()
         alone = {**os.environ, "XDG_DATA_DIRS": str(WORK / "share")}  # whatever is installed here
         self.program = started(PROGRAM, env=alone, stdout=subprocess.PIPE)
         self.window = window()
@@ -105,6 +106,13 @@ class Journey(unittest.TestCase):
         """What can be read at the other end of the pipe, at once."""
         readable, _, _ = select.select([self.program.stdout], [], [], 5)
         return os.read(self.program.stdout.fileno(), 1 << 16) if readable else None
+
+    def heard(self):
+        """What a screen reader was told to say since the last time."""
+        while GLib.MainContext.default().iteration(False):
+            pass
+        said, HEARD[:] = HEARD[:], []
+        return said
 
     def shown_text(self):
         text = self.find("text", "テキスト").queryText()
@@ -221,7 +229,7 @@ class Journey(unittest.TestCase):
         window("印刷")
         self.press("check box", "ページ番号を付ける(G)")
         keys("Return")
-        wait_for(pdf.exists)
+        self.assertEqual(wait_for(self.heard), ["書き出しました"])
         self.assertEqual(os.listdir(downloads), ["名称未設定.pdf"])
         text = run("pdftotext", "-raw", str(pdf), "-")
         self.assertTrue(text.startswith("abcアプリ起動後に"), text)
@@ -334,4 +342,7 @@ def on_own_display():
 if __name__ == "__main__":
     on_own_display()
     import pyatspi
+    from gi.repository import GLib
+    HEARD = []
+    pyatspi.Registry.registerEventListener(lambda event: HEARD.append(event.any_data), "object:announcement")
     unittest.main(argv=sys.argv[:1] + sys.argv[2:], verbosity=2)

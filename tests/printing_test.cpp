@@ -1,10 +1,16 @@
 #include "Testing.h"
+#include "printing/PdfExport.h"
 #include "printing/PrintServer.h"
 #include "printing/PrintWork.h"
 
+#include <QCheckBox>
 #include <QElapsedTimer>
+#include <QLabel>
+#include <QMessageBox>
 #include <QPrintDialog>
 #include <QPrinter>
+#include <QProgressDialog>
+#include <QPushButton>
 
 #include <atomic>
 #include <functional>
@@ -149,6 +155,39 @@ class PrintingTest : public QObject {
         return outcome.result == PdfResult::Failed ? outcome.reason : QString();
     }
 
+    // One after the other, what the person sees and does until an export has ended.
+    struct Export {
+        QWidget window;
+        std::unique_ptr<PdfExport> pdf;
+        QPointer<PrintOperation> operation;
+        Export(const QString &folder, const QString &text)
+            : pdf(std::make_unique<PdfExport>(folder, [this](auto said, auto info, QWidget *over) {
+                operation = newPrintOperation(std::move(said), std::move(info), over);
+                return operation.data();
+            }))
+        {
+            window.show();
+            pdf->savePDF(u"a"_s, text, &window);
+        }
+
+        // Of the window and modal for it alone, as all of its dialogs are.
+        template <class Dialog> Dialog *shown() const
+        {
+            auto *dialog = window.findChild<Dialog *>();
+            const bool isOurs =
+                dialog && dialog->isVisible() && dialog->windowModality() == Qt::WindowModal;
+            return isOurs ? dialog : nullptr;
+        }
+        bool begun(QPrintDialog *&dialog) const
+        {
+            return QTest::qWaitFor([&] { return (dialog = shown<QPrintDialog>()); });
+        }
+        bool ended() const
+        {
+            return QTest::qWaitFor([&] { return !operation; }, 20'000);
+        }
+    };
+
 private slots:
     void initTestCase() { cupsSetServer(qPrintable(m_socket)); }
 
@@ -284,6 +323,71 @@ private slots:
         QCOMPARE(outcome.result, PdfResult::Cancelled);
         QCOMPARE(system.asked[IPP_OP_CANCEL_JOB]["job-id"], "7");
         QVERIFY(!system.document.contains("%%EOF"));
+    }
+
+    void anExportIsWhatThePersonMakesOfIt()
+    {
+        const QTemporaryDir folder;
+        const QString file = folder.filePath(u"a.pdf"_s);
+        const QString longer = u"長い文章。"_s.repeated(4'000'000); // takes seconds
+        QPrintDialog *dialog = nullptr;
+        {
+            Export cancelled(folder.path(), u"本文"_s);
+            QVERIFY(cancelled.begun(dialog));
+            QVERIFY(!dialog->findChild<QCheckBox *>(u"numbers"_s)->isChecked());
+            cancelled.pdf->savePDF(u"b"_s, u"別"_s, &cancelled.window); // one at a time
+            dialog->reject();
+            QVERIFY(cancelled.ended());
+            QVERIFY(!QFile::exists(file));
+            QVERIFY(!cancelled.shown<QPrintDialog>());
+        }
+        {
+            Export done(folder.path(), u"本文"_s);
+            QVERIFY(done.begun(dialog));
+            dialog->accept();
+            QVERIFY(done.ended());
+            QVERIFY(contentOf(file).startsWith("%PDF-"));
+            QVERIFY(QFile::remove(file));
+        }
+        {
+            Export failing(folder.path(), u"本文"_s);
+            QVERIFY(failing.begun(dialog));
+            dialog->printer()->setOutputFileName(folder.filePath(u"gone/<b>.pdf"_s));
+            dialog->done(QDialog::Accepted); // as if the folder had gone by now
+            QTRY_VERIFY(failing.shown<QMessageBox>());
+            auto *notice = failing.shown<QMessageBox>();
+            QCOMPARE(notice->text(), u"「<b>.pdf」を保存できませんでした。"_s);
+            QCOMPARE(notice->textFormat(), Qt::PlainText);
+            QVERIFY(!notice->informativeText().isEmpty());
+            notice->accept();
+            QVERIFY(failing.ended());
+        }
+        {
+            Export stopped(folder.path(), longer);
+            QVERIFY(stopped.begun(dialog));
+            dialog->accept();
+            QTRY_VERIFY(stopped.shown<QProgressDialog>());
+            const auto *progress = stopped.shown<QProgressDialog>();
+            QTRY_VERIFY(progress->value() > 0 && progress->labelText().contains(u"「a.pdf」"_s));
+            QElapsedTimer clock;
+            clock.start();
+            titled(u"キャンセル"_s, progress->findChildren<QPushButton *>())->click();
+            QVERIFY(stopped.ended());
+            QVERIFY2(clock.elapsed() < 1500, QByteArray::number(clock.elapsed()));
+            QVERIFY(!QFile::exists(file));
+        }
+        {
+            auto closed = std::make_unique<Export>(folder.path(), longer);
+            QVERIFY(closed->begun(dialog));
+            dialog->accept();
+            QTRY_VERIFY(closed->shown<QProgressDialog>());
+            const QPointer<PrintOperation> operation = closed->operation;
+            closed.reset();
+            QVERIFY(!operation);
+        }
+        Export next(folder.path(), u"本文"_s); // ends behind what was stopped, if that went on
+        QVERIFY(next.begun(dialog));
+        QCOMPARE(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden), QStringList());
     }
 
     void whatCannotBeSavedSaysWhy()

@@ -81,6 +81,7 @@ void TextPrintOperation::showPanel()
                         | QAbstractPrintDialog::PrintCollateCopies
                         | QAbstractPrintDialog::PrintShowPageSize);
     m_numbers = new QCheckBox(tr("ページ番号を付ける(&G)"));
+    m_numbers->setObjectName(QStringLiteral("numbers"));
     m_panel->setOptionTabs({textTab(m_numbers)});
     const auto finished = [this](int result) {
         deleteWhenUnwound(m_panel);
