@@ -1,6 +1,5 @@
 #include "Testing.h"
 #include "main_window/ContentView.h"
-#include "platform/Background.h"
 #include "reading/OpeningMessage.h"
 #include "reading/TextPane.h"
 #include "view/Frame.h"
@@ -232,8 +231,7 @@ private slots:
         QVERIFY(shared.topMargin != 20 && shared.jobDisposition == PrintInfo::JobDisposition::Spool);
 
         button->click(); // while the dialog is there
-        QTRY_VERIFY(Workers::waiting().isIdle());
-        QCoreApplication::processEvents();
+        hearFrom(Workers::waiting());
         QCOMPARE(m_printed.size(), 1);
         delete m_printed.takeFirst();
         button->click();

@@ -129,15 +129,16 @@ class Journey(unittest.TestCase):
         places = [order.index(each) for each in [("tree", "サイドバー")] + expected]
         self.assertEqual(places, sorted(places), "a screen reader reads in the order of the screen")
 
+    def focused(self, role=None):
+        self.app.clear_cache()
+        return [n for n in nodes(self.app) if n.getState().contains(pyatspi.STATE_FOCUSED)
+                and role in (None, role_of(n))]
+
     def test_tab_goes_in_reading_order(self):
         for name in ["テキスト", "船🛥", "🐱Cat", "🐦Bird", "居場所", "手荷物", "暗黙知", "寄付", "フォルダA",
                      "サイドバーの境界", "本文の境界", "Font Size", "別スレッド", "読込", "簡易PDF", "起動",
                      "ブラウザを選択", "テキスト"]:
-            def focused():
-                self.app.clear_cache()
-                return [n for n in nodes(self.app)
-                        if n.name == name and n.getState().contains(pyatspi.STATE_FOCUSED)]
-            wait_for(focused)
+            wait_for(lambda: name in [n.name for n in self.focused()])
             keys("Tab")
 
     def focus(self, role, name):
@@ -172,7 +173,7 @@ class Journey(unittest.TestCase):
         keys("shift+Tab")  # away from the text, to which loading leads back
         self.press("button", "読込")
         window("開く")
-        time.sleep(0.2)
+        wait_for(lambda: self.focused("text")[0].name != "テキスト")
         run("xdotool", "type", "--delay", "1", str(path))
         keys("Return")
         wait_for(lambda: self.shown_text() == "吾輩は猫である。🐱\n名前はまだ無い。")
@@ -281,7 +282,11 @@ class Journey(unittest.TestCase):
         window("居場所に戻りました")
         keys("Escape")
         wait_for(lambda: self.shown_text() == "スレッド動作中")
-        time.sleep(0.3)
+
+        def stalled():
+            with open(f"/proc/{self.program.pid}/fd/1", "wb", buffering=0) as end:
+                return not select.select([], [end], [], 0)[1]
+        wait_for(stalled)
         self.quit_within_a_second()
 
     def test_a_browser_that_is_not_there_is_said_at_once(self):
