@@ -270,6 +270,24 @@ private slots:
         item(u"貼り付け"_s)->trigger();
         QCOMPARE(pane->toPlainText(), openingMessage());
     }
+
+    void theViewMenuStepsTheSizeAsFarAsItGoes()
+    {
+        const auto [content, view] = shown(m_surroundings);
+        QMenu menu;
+        content->fillViewMenu(menu);
+        const auto item = [&](const QString &title) { return titled(title, menu.actions()); };
+        for (const auto &[title, step, last] :
+             {std::tuple(u"文字を大きく"_s, 1, 40), {u"文字を小さく"_s, -1, 10}}) {
+            for (int size = 14; size != last; size += step) {
+                QCOMPARE(view->findChild<QSlider *>()->value(), size);
+                QVERIFY(item(title)->isEnabled());
+                item(title)->trigger();
+            }
+            QVERIFY(!item(title)->isEnabled());
+            item(u"標準の大きさ"_s)->trigger();
+        }
+    }
 };
 
 QTEST_MAIN(ContentViewTest)
