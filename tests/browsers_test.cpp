@@ -421,7 +421,8 @@ private slots:
     void aRunningApplicationIsAskedOnTheBusWhoseEndIsNotOurs()
     {
         QProcess daemon;
-        daemon.start(u"dbus-daemon"_s, {u"--session"_s, u"--nofork"_s, u"--print-address"_s});
+        daemon.start(u"setpriv"_s,
+                     u"--pdeathsig TERM dbus-daemon --session --nofork --print-address"_s.split(u' '));
         QVERIFY(daemon.waitForReadyRead());
         const QByteArray address = daemon.readLine().trimmed();
         auto bus = QDBusConnection::connectToBus(QString::fromLatin1(address), u"browser"_s);

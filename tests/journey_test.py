@@ -324,7 +324,7 @@ def on_own_display():
     """From here on there is a display, a window manager and a bus for this script alone, until it ends."""
     for unwanted in ("QT_QPA_PLATFORM", "XDG_DATA_DIRS"):  # the bus looks for its services in the latter
         os.environ.pop(unwanted, None)
-    os.environ["DISPLAY"] = ":" + answered("Xvfb", "-screen", "0", "1600x1000x24", "-displayfd")
+    os.environ["DISPLAY"] = ":" + answered("Xvfb", "-noreset", "-screen", "0", "1600x1000x24", "-displayfd")
     os.environ["DBUS_SESSION_BUS_ADDRESS"] = answered("dbus-daemon", "--session", "--nofork", "--print-address")
     os.environ["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"] = "1"
     started("openbox")
