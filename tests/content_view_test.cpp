@@ -250,12 +250,13 @@ private slots:
         QVERIFY(m_printed.isEmpty());
     }
 
-    void theEditMenuActsOnTheText()
+    void theMenusActOnTheText()
     {
         const auto [content, view] = shown(m_surroundings);
         auto *pane = view->findChild<TextPane *>();
         QMenu menu;
         content->fillEditMenu(menu);
+        content->fillViewMenu(menu);
         const auto item = [&](const QString &title) { return titled(title, menu.actions()); };
         QVERIFY(!item(u"元に戻す"_s)->isEnabled());
         QVERIFY(!item(u"コピー"_s)->isEnabled());
@@ -269,14 +270,7 @@ private slots:
         item(u"やり直す"_s)->trigger();
         item(u"貼り付け"_s)->trigger();
         QCOMPARE(pane->toPlainText(), openingMessage());
-    }
 
-    void theViewMenuStepsTheSizeAsFarAsItGoes()
-    {
-        const auto [content, view] = shown(m_surroundings);
-        QMenu menu;
-        content->fillViewMenu(menu);
-        const auto item = [&](const QString &title) { return titled(title, menu.actions()); };
         for (const auto &[title, step, last] :
              {std::tuple(u"文字を大きく"_s, 1, 40), {u"文字を小さく"_s, -1, 10}}) {
             for (int size = 14; size != last; size += step) {

@@ -62,10 +62,8 @@ private slots:
 
     void whatComesLateIsHeardToo()
     {
-        const auto decoded = decodedText(QByteArray(100'000, '-') + "\x92\xa9\x82\xcc\x8b\x4c\x98\x5e");
-        QCOMPARE(decoded, QString(100'000, u'-') + u"朝の記録"_s);
-        const QByteArray line("\x92\xa9\x82\xcc\x8b\x4c\x98\x5e\r\n");
-        QCOMPARE(decodedText(line.repeated(20'000)), u"朝の記録\r\n"_s.repeated(20'000));
+        const auto decoded = decodedText(QByteArray(100'000, '-') + "\x92\xa9\x82\xcc\x8b\x4c\x98\x5e\r\n");
+        QCOMPARE(decoded, QString(100'000, u'-') + u"朝の記録\r\n"_s);
     }
 
     void ofALargeTextNothingIsLostInTheMiddle()
