@@ -102,12 +102,16 @@ public:
             _exit(127);
         }
         close(writer);
-        char number[16] = {};
-        const bool answered = read(reader, number, sizeof number - 1) > 0;
+        // Its number and the end of the line are written one after the other, and it dies when nobody is
+        // there any more to read the latter.
+        std::string display = ":";
+        char next = 0;
+        while (read(reader, &next, 1) == 1 && next != '\n')
+            display += next;
         close(reader);
-        if (!answered)
+        if (next != '\n')
             fail("Xvfb doesn't start");
-        setenv("DISPLAY", std::string(":").append(std::to_string(std::atoi(number))).c_str(), 1);
+        setenv("DISPLAY", display.c_str(), 1);
     }
 
 private:

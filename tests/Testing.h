@@ -1,8 +1,13 @@
 #pragma once
 
+#include "document/ReadingText.h"
+#include "platform/Workers.h"
+
 #include <QBuffer>
+#include <QDir>
 #include <QFile>
 #include <QImage>
+#include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -56,9 +61,35 @@ inline QString written(const QString &path, const QByteArray &content)
     return path;
 }
 
+/// Waits until those workers have done all that they were asked for, and this thread has heard of it.
+inline void hearFrom(Workers &workers)
+{
+    QTRY_VERIFY(workers.isIdle());
+    QCoreApplication::processEvents();
+}
+
+/// Waits until all of the text that is assigned is in its document.
+inline void enter(ReadingText &text, const QString &assigned)
+{
+    QSignalSpy complete(&text, &ReadingText::complete);
+    text.setValue(assigned);
+    QVERIFY(!complete.isEmpty() || complete.wait(20'000));
+}
+
 /// What the file of that path holds: nothing where there is none.
 inline QByteArray contentOf(const QString &path)
 {
     QFile file(path);
     return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+/// The processes that we have started and that haven't ended.
+inline QStringList childProcesses()
+{
+    QStringList all;
+    const QDir threads(u"/proc/self/task"_s);
+    for (const QString &thread : threads.entryList(QDir::Dirs | QDir::NoDotAndDotDot))
+        all += QString::fromLatin1(contentOf(threads.filePath(thread + u"/children"_s)))
+                   .split(u' ', Qt::SkipEmptyParts);
+    return all;
 }

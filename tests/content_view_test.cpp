@@ -1,6 +1,5 @@
 #include "Testing.h"
 #include "main_window/ContentView.h"
-#include "platform/Background.h"
 #include "reading/OpeningMessage.h"
 #include "reading/TextPane.h"
 #include "view/Frame.h"
@@ -232,8 +231,7 @@ private slots:
         QVERIFY(shared.topMargin != 20 && shared.jobDisposition == PrintInfo::JobDisposition::Spool);
 
         button->click(); // while the dialog is there
-        QTRY_VERIFY(Workers::waiting().isIdle());
-        QCoreApplication::processEvents();
+        hearFrom(Workers::waiting());
         QCOMPARE(m_printed.size(), 1);
         delete m_printed.takeFirst();
         button->click();
@@ -252,12 +250,13 @@ private slots:
         QVERIFY(m_printed.isEmpty());
     }
 
-    void theEditMenuActsOnTheText()
+    void theMenusActOnTheText()
     {
         const auto [content, view] = shown(m_surroundings);
         auto *pane = view->findChild<TextPane *>();
         QMenu menu;
         content->fillEditMenu(menu);
+        content->fillViewMenu(menu);
         const auto item = [&](const QString &title) { return titled(title, menu.actions()); };
         QVERIFY(!item(u"元に戻す"_s)->isEnabled());
         QVERIFY(!item(u"コピー"_s)->isEnabled());
@@ -271,6 +270,17 @@ private slots:
         item(u"やり直す"_s)->trigger();
         item(u"貼り付け"_s)->trigger();
         QCOMPARE(pane->toPlainText(), openingMessage());
+
+        for (const auto &[title, step, last] :
+             {std::tuple(u"文字を大きく"_s, 1, 40), {u"文字を小さく"_s, -1, 10}}) {
+            for (int size = 14; size != last; size += step) {
+                QCOMPARE(view->findChild<QSlider *>()->value(), size);
+                QVERIFY(item(title)->isEnabled());
+                item(title)->trigger();
+            }
+            QVERIFY(!item(title)->isEnabled());
+            item(u"標準の大きさ"_s)->trigger();
+        }
     }
 };
 

@@ -24,6 +24,11 @@ private slots:
             {"EUC-JP", "c4aba1a2ccdca4acb3d0a4e1a4bfa4cea4c7c1eba4f2b3aba4b1a4bfa1a3", morning},
             {"ISO-2022-JP", "1b2442442b21224c5c242c33502461243f244e2447416b2472332b2431243f21231b2842",
              morning},
+            {"its first edition", "1b244024221b2842", u"あ"_s},
+            {"its Latin letters, after others", "1b2842611b284a5c1b2842", u"a¥"_s},
+            {"its narrow letters", "1b2849311b2842", u"ｱ"_s},
+            {"its rarer ideographs", "1b242844305d1b2842", u"伮"_s},
+            {"nothing but the end of an escape", "611b2842", u"a\x1b(B"_s},
             {"UTF-16 without", "671d306e98a8306f000a", u"朝の風は\n"_s},
             {"UTF-16 whose bytes would be UTF-8", "480065006c006c006f002c00200077006f0072006c0064000a00",
              u"Hello, world\n"_s},
@@ -57,10 +62,8 @@ private slots:
 
     void whatComesLateIsHeardToo()
     {
-        const auto decoded = decodedText(QByteArray(100'000, '-') + "\x92\xa9\x82\xcc\x8b\x4c\x98\x5e");
-        QCOMPARE(decoded, QString(100'000, u'-') + u"朝の記録"_s);
-        const QByteArray line("\x92\xa9\x82\xcc\x8b\x4c\x98\x5e\r\n");
-        QCOMPARE(decodedText(line.repeated(20'000)), u"朝の記録\r\n"_s.repeated(20'000));
+        const auto decoded = decodedText(QByteArray(100'000, '-') + "\x92\xa9\x82\xcc\x8b\x4c\x98\x5e\r\n");
+        QCOMPARE(decoded, QString(100'000, u'-') + u"朝の記録\r\n"_s);
     }
 
     void ofALargeTextNothingIsLostInTheMiddle()

@@ -144,7 +144,7 @@ private slots:
             Alerting scene;
             QMessageBox *alert = scene.raised(u"順序"_s);
             alert->findChild<QDialogButtonBox *>()->setStyleSheet(u"button-layout: %1"_s.arg(desktop));
-            QTest::qWait(1);
+            QCoreApplication::processEvents();
             const auto buttons = alert->buttons();
             QVERIFY2(buttons[0]->x() < buttons[1]->x(), QByteArray::number(desktop));
         }

@@ -112,7 +112,10 @@ private slots:
         constexpr qint64 mebibyte = 1 << 20;
         cases<const char *, std::vector<Group>, qint64>({
             {"no groups at all", "", {}, 1024 * mebibyte},
-            {"the group that one sees as the first", "", {{{}, "104857600", "41943040"}}, 62 * mebibyte},
+            {"the group that one sees as the first",
+             "0::/\n",
+             {{{}, "104857600", "41943040"}},
+             62 * mebibyte},
             {"a limit above",
              "1:name=systemd:/a/b\n0::/user.slice/run.scope\n",
              {{u"user.slice"_s, "83886080", "2097152"}, {u"user.slice/run.scope"_s, "max", "1048576"}},
@@ -126,6 +129,10 @@ private slots:
              {{u"memory/jobs"_s, "31457280", "1048576"},
               {u"memory/jobs/one"_s, "9223372036854771712", "1048576"}},
              29 * mebibyte},
+            {"of these, one that is seen as the first",
+             "4:memory:/docker/one\n",
+             {{u"memory/"_s, "20971520", "1048576"}},
+             19 * mebibyte},
         });
     }
     void aGroupHasNoMoreThanThoseThatItIsIn()

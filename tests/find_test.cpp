@@ -1,5 +1,4 @@
 #include "Testing.h"
-#include "document/ReadingText.h"
 #include "reading/FindBar.h"
 #include "reading/FontSize.h"
 #include "reading/TextPane.h"
@@ -9,20 +8,12 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRandomGenerator>
-#include <QSignalSpy>
 
 class FindTest : public QObject {
     Q_OBJECT
 
     ReadingText m_text;
     State<double> m_size{FontSize::initial};
-
-    void enter(const QString &text)
-    {
-        QSignalSpy complete(&m_text, &ReadingText::complete);
-        m_text.setValue(text);
-        QVERIFY(!complete.isEmpty() || complete.wait(20'000));
-    }
 
 private slots:
     // What is found stands between brackets.
@@ -69,7 +60,7 @@ private slots:
             text += random.bounded(4000) == 0 ? u"\n"_s
                 : random.bounded(3000) == 0   ? u"さがしもの"_s
                                               : u"が"_s;
-        enter(text);
+        enter(m_text, text);
         QVERIFY(m_text.document().blockCount() > 1500);
         const TextPattern pattern(u"サガシモノ"_s, false);
         const auto expected = pattern.hitsIn(text);
@@ -100,7 +91,7 @@ private slots:
         FindBar bar(*pane);
         bar.setParent(&window);
         window.show();
-        enter(u"ねこ、いぬ、ネコ。\nﾈｺ"_s);
+        enter(m_text, u"ねこ、いぬ、ネコ。\nﾈｺ"_s);
         pane->moveCursor(QTextCursor::Start);
         bar.open();
         auto *field = bar.findChild<QLineEdit *>();
@@ -138,7 +129,7 @@ private slots:
 
     void aKeyEndsTheSearchUnderWay()
     {
-        enter(u"長い文章の一行。\n"_s.repeated(300'000));
+        enter(m_text, u"長い文章の一行。\n"_s.repeated(300'000));
         TextSearch search(m_text);
         QSignalSpy progressed(&search, &TextSearch::progressed);
         search.start(TextPattern(u"一行"_s, false), 2'000'000);
@@ -150,7 +141,8 @@ private slots:
         search.start(TextPattern(u"一"_s, false), 0);
         search.stop();
         progressed.clear();
-        QVERIFY(!progressed.wait(50));
+        hearFrom(Workers::computing());
+        QVERIFY(progressed.isEmpty());
     }
 };
 

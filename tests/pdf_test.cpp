@@ -20,10 +20,10 @@ class Fonts {
 public:
     explicit Fonts(const QStringList &folders)
     {
-        QByteArray rules = "<fontconfig><include>/etc/fonts/conf.d</include>";
+        QByteArray rules = "<fontconfig><include>" + qgetenv("FONTCONFIG_FILE") + "</include><reset-dirs/>";
         for (const QString &folder : folders)
             rules += "<dir>" + folder.toUtf8() + "</dir>";
-        rules += "<cachedir>" + QDir::tempPath().toUtf8() + "/fonts</cachedir></fontconfig>";
+        rules += "</fontconfig>";
         FcConfig *config = FcConfigCreate();
         FcConfigParseAndLoadFromMemory(config, reinterpret_cast<const FcChar8 *>(rules.constData()),
                                        FcTrue);

@@ -118,8 +118,9 @@ private slots:
                 for (char16_t digit = u'1';; digit = digit == u'9' ? u'1' : digit + 1)
                     store.setString(QString(5000, QChar(digit)), Key::FirmPX5);
             }
-            QTest::qSleep(1 + round % 7);
-            kill(child, SIGKILL);
+            for (const QByteArray before = contentOf(file); contentOf(file) == before;)
+                QThread::yieldCurrentThread();
+            kill(child, SIGKILL); // while it writes on
             waitpid(child, nullptr, 0);
             const QByteArray read = contentOf(file).sliced(qstrlen("[General]\nFirmPX5="));
             QCOMPARE(read.size(), 5001);

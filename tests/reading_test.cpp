@@ -1,7 +1,5 @@
 #include "Testing.h"
 #include "decoding/Encodings.h"
-#include "document/ReadingText.h"
-#include "platform/Background.h"
 #include "preferences/PreferenceKeys.h"
 #include "preferences/UserDefaults.h"
 #include "reading/EncodingMenu.h"
@@ -18,7 +16,6 @@
 #include <QFileDialog>
 #include <QMenu>
 #include <QMimeData>
-#include <QSignalSpy>
 #include <QWheelEvent>
 
 namespace {
@@ -70,11 +67,7 @@ class ReadingTest : public QObject {
         m_panel.answer(ModalResponse::OK);
     }
 
-    static void finishReading()
-    {
-        QTRY_VERIFY(Workers::waiting().isIdle());
-        QCoreApplication::processEvents();
-    }
+    static void finishReading() { hearFrom(Workers::waiting()); }
 
 private slots:
     void theOpeningMessageIsByteForByte()

@@ -13,8 +13,6 @@
 #include <poll.h>
 #include <unistd.h>
 
-using namespace std::chrono_literals;
-
 namespace {
 
 // The two ends of a pipe; the far end is read by hand.
@@ -34,12 +32,12 @@ public:
     std::FILE *stream() { return m_stream; }
     int writingEnd() const { return m_ends[1]; }
 
-    // What can be read until nothing has come for `patience` milliseconds; at most `most` bytes.
-    QByteArray read(int patience, qsizetype most = PTRDIFF_MAX)
+    // So many bytes, or those that came until nothing had come for ten seconds.
+    QByteArray read(qsizetype count)
     {
         QByteArray all;
         char room[4096];
-        for (pollfd end{m_ends[0], POLLIN, 0}; all.size() < most && ::poll(&end, 1, patience) > 0;) {
+        for (pollfd end{m_ends[0], POLLIN, 0}; all.size() < count && ::poll(&end, 1, 10'000) > 0;) {
             const ssize_t got = ::read(m_ends[0], room, sizeof room);
             if (got <= 0)
                 break;
@@ -63,9 +61,9 @@ struct Actor {
         process.setChildProcessModifier(std::move(prepareDescriptors));
         process.start(QCoreApplication::applicationFilePath(), {QString::fromLatin1(part)});
     }
-    int status(int patience = 10'000)
+    int status()
     {
-        const bool ended = process.waitForFinished(patience);
+        const bool ended = process.waitForFinished(10'000);
         return ended && process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
     }
 };
@@ -77,18 +75,24 @@ int printAll()
     return ::open("/etc/passwd", O_RDONLY) > 2 ? 7 : 1; // no file becomes a standard one
 }
 
+// Until nothing more goes into the pipe that nobody reads.
+void runIntoAStandstill()
+{
+    std::thread([] { simulation(); }).detach();
+    for (pollfd end{STDOUT_FILENO, POLLOUT, 0}; ::poll(&end, 1, 0) > 0;)
+        std::this_thread::yield();
+}
+
 // As a library does on its own account.
 int exitAmidARun()
 {
-    std::thread([] { simulation(); }).detach();
-    std::this_thread::sleep_for(200ms);
+    runIntoAStandstill();
     std::exit(0);
 }
 
 int endAmidARun()
 {
-    std::thread([] { simulation(); }).detach();
-    std::this_thread::sleep_for(200ms);
+    runIntoAStandstill();
     StandardOutput::standard().post("OK tapped\n");
     return 7;
 }
@@ -109,9 +113,9 @@ private slots:
             output.post(line);
             expected += line.c_str();
         }
-        QCOMPARE(pipe.read(1000, expected.size()), expected);
+        QCOMPARE(pipe.read(expected.size()), expected);
         output.post("OK tapped\n");
-        QCOMPARE(pipe.read(1000, 10), "OK tapped\n");
+        QCOMPARE(pipe.read(10), "OK tapped\n");
     }
 
     void everyReaderIsSurvived()
@@ -138,7 +142,7 @@ private slots:
             Pipe pipe;
             Actor actor(part, [&pipe] { ::dup2(pipe.writingEnd(), 1); });
             QVERIFY(actor.process.waitForStarted());
-            QCOMPARE(actor.status(200 + 1000), status);
+            QCOMPARE(actor.status(), status);
         }
     }
 };

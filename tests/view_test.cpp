@@ -13,18 +13,6 @@ class ViewTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void aTextFollowsEveryStateThatItReads()
-    {
-        State<int> count{1};
-        State<QString> unit{u"羽"_s};
-        const Widget text(Text([&] { return u"%1 %2"_s.arg(count).arg(unit); }));
-        const auto *label = qobject_cast<QLabel *>(text.get());
-        QCOMPARE(label->text(), u"1 羽"_s);
-        count = 2;
-        unit = u"匹"_s;
-        QCOMPARE(label->text(), u"2 匹"_s);
-    }
-
     void aWidgetThatIsGoneFollowsNothing()
     {
         State<int> state{0};

@@ -1,7 +1,5 @@
 #include "Testing.h"
 #include "browsers/IconFiles.h"
-#include "document/ReadingText.h"
-#include "platform/Workers.h"
 #include "preferences/UserDefaults.h"
 #include "printing/PrintWork.h"
 #include "reading/TextLoading.h"
@@ -17,16 +15,10 @@ class WorkerTest : public QObject {
     Q_OBJECT
 
     QTemporaryDir m_folder;
-    const QString m_children = u"/proc/self/task"_s;
-
     // What a worker might leave behind.
     QStringList traces() const
     {
-        QStringList all = QDir(u"/proc/self/fd"_s).entryList(QDir::Files | QDir::System);
-        for (const QString &thread : QDir(m_children).entryList(QDir::Dirs | QDir::NoDotAndDotDot))
-            all += QString::fromLatin1(contentOf(m_children + u'/' + thread + u"/children"_s))
-                       .split(u' ', Qt::SkipEmptyParts);
-        return all
+        return QDir(u"/proc/self/fd"_s).entryList(QDir::Files | QDir::System) + childProcesses()
             + QDir(m_folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
     }
 

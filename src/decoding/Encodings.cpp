@@ -18,10 +18,11 @@ const std::vector<Encoding> &encodings()
         {.name = "UTF-32BE", .cut = nowhere, .unit = 4, .mark = {"\0\0\xfe\xff", 4}},
         {.name = "UTF-16LE", .cut = nowhere, .unit = 2, .mark = {"\xff\xfe", 2}},
         {.name = "UTF-16BE", .cut = nowhere, .unit = 2, .mark = {"\xfe\xff", 2}},
-        {.name = "ISO-2022-JP",
+        {.name = "ISO-2022-JP-1", // which is ISO-2022-JP with the ideographs of JIS X 0212
          .isJapanese = true,
          .cut = nowhere,
-         .escapes = {"\x1b$B", "\x1b$@", "\x1b$(D", "\x1b(J", "\x1b(I"}},
+         .escapes = {"\x1b$B", "\x1b$@", "\x1b$(D", "\x1b(J", "\x1b(I"},
+         .otherNames = {"ISO-2022-JP"}},
         {.name = "windows-31j",
          .headStart = 40,
          .isJapanese = true,

@@ -49,12 +49,12 @@ const Encoding *markedEncoding(QByteArrayView bytes)
 // A terminal's colours are escape sequences, too, but others.
 const Encoding *escapingEncoding(QByteArrayView bytes)
 {
-    if (!bytes.contains('\x1b'))
-        return nullptr;
-    for (const Encoding &encoding : encodings()) {
-        for (const QByteArrayView escape : encoding.escapes) {
-            if (bytes.contains(escape))
-                return &encoding;
+    for (auto at = bytes.indexOf('\x1b'); at >= 0; at = bytes.indexOf('\x1b', at + 1)) {
+        for (const Encoding &encoding : encodings()) {
+            for (const QByteArrayView escape : encoding.escapes) {
+                if (bytes.sliced(at).startsWith(escape))
+                    return &encoding;
+            }
         }
     }
     return nullptr;

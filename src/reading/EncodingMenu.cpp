@@ -24,7 +24,7 @@ std::vector<std::vector<Choice>> choices()
         {{Titles::tr("UTF-8"), "UTF-8"},
          {Titles::tr("日本語（シフト JIS）"), "windows-31j"},
          {Titles::tr("日本語（EUC-JP）"), "EUC-JP"},
-         {Titles::tr("日本語（JIS, ISO-2022-JP）"), "ISO-2022-JP"},
+         {Titles::tr("日本語（JIS, ISO-2022-JP）"), "ISO-2022-JP-1"},
          {Titles::tr("UTF-16（リトルエンディアン）"), "UTF-16LE"},
          {Titles::tr("UTF-16（ビッグエンディアン）"), "UTF-16BE"},
          {Titles::tr("UTF-32（リトルエンディアン）"), "UTF-32LE"},

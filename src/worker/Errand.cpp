@@ -10,6 +10,7 @@
 #include <cstring>
 #include <filesystem>
 #include <optional>
+#include <utility>
 
 #include <fcntl.h>
 #include <poll.h>
@@ -127,14 +128,11 @@ std::optional<Report> Worker::readReport() const
                                                                                : std::nullopt;
 }
 
-// It says first of which release it is, and does so once.
+// It says first that it is ready, and does so once.
 bool Worker::makesSense(const Report &report)
 {
     const bool introduces = report.kind == Report::Kind::Ready;
-    if (introduces == m_isReady)
-        return false;
-    m_isReady = true;
-    return !introduces || Protocol::isOurs(report.release);
+    return introduces != std::exchange(m_isReady, true);
 }
 
 bool Worker::passOn()

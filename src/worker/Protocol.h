@@ -3,8 +3,9 @@
 #include <cstdint>
 #include <cstring>
 
-/// What a window's process and a worker tell each other. Both are of the same release, but neither trusts
-/// the other: whoever receives something looks at every number in it before it is used.
+/// What a window's process and a worker tell each other. Both are of the same release, since a worker takes
+/// no order of another one, but neither trusts the other: whoever receives something looks at every number
+/// in it before it is used.
 namespace Protocol {
 
 inline constexpr char release[16] = TARUMINE_VERSION;
@@ -45,7 +46,7 @@ struct PictureOrder {
 };
 
 struct Order {
-    char release[sizeof Protocol::release];
+    char release[sizeof Protocol::release]; ///< the first in every release
     Job job;
     std::uint32_t seconds; ///< of a processor's time, at most
     std::uint64_t memory;  ///< bytes, at most
@@ -59,12 +60,11 @@ struct Report {
     enum class Result : std::uint32_t { Done, Failed, NoMemory, NoFonts };
 
     Kind kind;
-    char release[sizeof Protocol::release]; ///< when ready
-    std::uint32_t landlock, systemCalls;    ///< how far it is confined: see Confinement
-    std::uint32_t pages, share;             ///< how many are made, of which part of the text, in millionths
-    Result result;                          ///< of the job
-    std::uint64_t size;                     ///< characters of the text, bytes of the document
-    std::uint32_t width, height;            ///< pixels of the picture
+    std::uint32_t landlock, systemCalls; ///< how far it is confined: see Confinement
+    std::uint32_t pages, share;          ///< how many are made, of which part of the text, in millionths
+    Result result;                       ///< of the job
+    std::uint64_t size;                  ///< characters of the text, bytes of the document
+    std::uint32_t width, height;         ///< pixels of the picture
 };
 
 } // namespace Protocol

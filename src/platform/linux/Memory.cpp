@@ -69,7 +69,7 @@ qint64 leftToTheGroups(const std::string &root, std::string group, const GroupFi
 qint64 leftToTheGroups(const std::string &root)
 {
     const std::string folder = root + "/sys/fs/cgroup";
-    qint64 left = leftToTheGroup(folder, second);
+    qint64 left = unlimited;
     std::ifstream file(root + "/proc/self/cgroup");
     for (std::string line; std::getline(file, line);) {
         const auto about = line.find(':'), path = line.find(":/");

@@ -56,7 +56,6 @@ const JobModule *moduleOf(Job job)
 void introduce(const Confinement &confinement)
 {
     Report report = newReport(Report::Kind::Ready);
-    std::memcpy(report.release, release, sizeof release);
     report.landlock = std::uint32_t(confinement.landlock);
     report.systemCalls = confinement.systemCalls;
     send(report);
