@@ -56,7 +56,64 @@ private slots:
         QCOMPARE(help,
                  QStringList(
                      {u"Tarumine ヘルプ…"_s, u"オンラインヘルプ…"_s, u"添付マニュアルをお読みください"_s}));
-        item(*app.windows().front(), u"ヘルプ"_s, u"オンラインヘルプ"_s)->trigger(); // does nothing
+    }
+
+    void helpOpensTheSiteAndNothingElseDoes()
+    {
+        const QString told = QDir::homePath() + u"/told"_s;
+        const QString opener =
+            written(QDir::homePath() + u"/xdg-open"_s, "#!/bin/sh\necho \"$*\" >>" + told.toUtf8() + '\n');
+        QFile::setPermissions(opener, QFile::ReadOwner | QFile::ExeOwner);
+        qputenv("PATH", QFile::encodeName(QDir::homePath()) + ':' + qgetenv("PATH"));
+        TarumineApp app;
+        app.newWindow();
+        for (const QString &title : {u"オンラインヘルプ"_s, u"Tarumine ヘルプ"_s})
+            item(*app.windows().front(), u"ヘルプ"_s, title)->trigger();
+        QTRY_VERIFY(contentOf(told).endsWith('\n'));
+        QCOMPARE(contentOf(told), "https://tarumine.example\n");
+    }
+
+    // What belongs to a window is shown over it and holds up no other.
+    void noticesBelongToTheWindowThatAsks()
+    {
+        TarumineApp app;
+        app.newWindow();
+        app.newWindow();
+        MainWindow &first = *app.windows().front(), &second = *app.windows().back();
+        const std::pair<QString, QString> asks[]{{u"ヘルプ"_s, u"添付マニュアル"_s},
+                                                 {u"ファイル"_s, u"Tarumine について"_s}};
+        for (const auto &[menu, title] : asks) {
+            item(second, menu, title)->trigger();
+            QTRY_COMPARE(second.findChildren<QDialog *>().size(), 1);
+            auto *notice = second.findChild<QDialog *>();
+            QVERIFY(notice->isVisible() && notice->windowModality() == Qt::WindowModal);
+            QVERIFY(first.findChildren<QDialog *>().isEmpty());
+            QTest::keyClick(notice, Qt::Key_Escape);
+            QTRY_VERIFY(second.findChildren<QDialog *>().isEmpty());
+        }
+    }
+
+    void theWindowMenuListsAndBringsBackWindows()
+    {
+        TarumineApp app;
+        app.newWindow();
+        app.newWindow();
+        MainWindow &first = *app.windows().front(), &second = *app.windows().back();
+        item(first, u"ウインドウ"_s, u"最小化"_s)->trigger();
+        QVERIFY(first.isMinimized() && !second.isMinimized());
+        QMenu *menu = titled(u"ウインドウ"_s, second.menuBar()->actions())->menu();
+        for (int i = 0; i < 2; ++i) { // it is made anew
+            emit menu->aboutToShow();
+            QStringList listed;
+            for (const QAction *action : menu->actions()) {
+                if (action->isCheckable())
+                    listed += action->text() + (action->isChecked() ? u"*"_s : QString());
+            }
+            QCOMPARE(listed, QStringList({u"Tarumine"_s, u"Tarumine 2*"_s}));
+        }
+        titled(u"Tarumine"_s, menu->actions())->trigger();
+        QVERIFY(!first.isMinimized());
+        QVERIFY(QTest::qWaitForWindowActive(&first));
     }
 
     void theContentKeepsItsBounds()
@@ -172,6 +229,10 @@ private slots:
         QVERIFY(QTest::qWaitForWindowActive(settingsWindow()));
         QTest::keyClick(settingsWindow(), Qt::Key_Escape);
         QVERIFY(!settingsWindow()->isVisible());
+        settings->trigger();
+        QTimer::singleShot(0, qApp, [&app] { app.windows().front()->close(); });
+        QTimer::singleShot(10'000, qApp, [] { QCoreApplication::exit(1); });
+        QCOMPARE(QCoreApplication::exec(), 0); // which the last window ends, whatever the settings do
     }
 
     void theFilesPlaceIsTypedWhereAFolderDoesNotAnswer_data()
