@@ -116,6 +116,21 @@ private slots:
         QVERIFY(QTest::qWaitForWindowActive(&first));
     }
 
+    // Programs that are started from here are as Japanese as the desktop.
+    void theEnvironmentIsLeftAsItWas()
+    {
+        const QByteArray own = qgetenv("LC_ALL");
+        for (const QByteArray &before : {QByteArray(), QByteArray("C.UTF-8")}) {
+            before.isNull() ? qunsetenv("LC_ALL") : qputenv("LC_ALL", before);
+            adoptJapaneseLocale();
+            installJapaneseTexts();
+            QCOMPARE(qgetenv("LC_ALL"), before);
+            QCOMPARE(qEnvironmentVariableIsSet("LC_ALL"), !before.isNull());
+            QVERIFY(!qEnvironmentVariableIsSet("FC_LANG"));
+        }
+        qputenv("LC_ALL", own);
+    }
+
     void theContentKeepsItsBounds()
     {
         TarumineApp app;

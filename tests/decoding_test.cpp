@@ -29,6 +29,7 @@ private slots:
             {"its narrow letters", "1b2849311b2842", u"ｱ"_s},
             {"its rarer ideographs", "1b242844305d1b2842", u"伮"_s},
             {"nothing but the end of an escape", "611b2842", u"a\x1b(B"_s},
+            {"UTF-32 with its mark", "fffe00001d670000", u"朝"_s},
             {"UTF-16 without", "671d306e98a8306f000a", u"朝の風は\n"_s},
             {"UTF-16 whose bytes would be UTF-8", "480065006c006c006f002c00200077006f0072006c0064000a00",
              u"Hello, world\n"_s},

@@ -6,8 +6,11 @@
 #include <QCheckBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QScrollBar>
+
 #include <QPushButton>
 #include <QRandomGenerator>
+#include <algorithm>
 
 class FindTest : public QObject {
     Q_OBJECT
@@ -120,6 +123,15 @@ private slots:
         QTRY_COMPARE(status->text(), u"2 件"_s);
         bar.findPrevious();
         found(u"とり"_s, u"2 件中 2 件目（末尾から検索）"_s);
+        m_text.setValue(u"とり\n"_s.repeated(500) + u"とり"_s);
+        QTRY_COMPARE(status->text(), u"501 件"_s);
+        QScrollBar *scroll = pane->verticalScrollBar();
+        scroll->setValue(scroll->maximum()); // what comes into view is marked, too
+        const auto isMarked = [&](const QTextEdit::ExtraSelection &mark) {
+            return mark.cursor.selectionEnd() == pane->document()->characterCount() - 1;
+        };
+        QTRY_VERIFY(std::ranges::any_of(pane->extraSelections(), isMarked));
+        m_text.setValue(u"とり"_s);
         field->setFocus();
         QTest::keyClick(field, Qt::Key_Escape);
         QVERIFY(!bar.isVisible() && pane->hasFocus() && pane->extraSelections().isEmpty());

@@ -2,6 +2,7 @@
 #include "play/Journey.h"
 #include "play/JourneyBoard.h"
 
+#include <QAccessible>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -158,6 +159,16 @@ private slots:
         for (const QPushButton *button : shown.buttons())
             titles += button->text();
         QCOMPARE(titles, buttons);
+    }
+
+    void whereTheBoatIsIsHeard()
+    {
+        Shown shown;
+        QAccessible::setActive(true);
+        for (const QString &side : {u"右岸"_s, u"左岸"_s}) {
+            shown.movingStr = (side == u"右岸"_s ? anchoredRight : anchoredLeft).toString();
+            QCOMPARE(shown.boat()->accessibleDescription(), side + u"に停泊中"_s);
+        }
     }
 
     void theAnchorButtonsAreShiftedFromTheirOwnPlaces()

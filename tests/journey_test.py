@@ -239,6 +239,13 @@ class Journey(unittest.TestCase):
         self.assertTrue(text.endswith("\n1\n\f"), "the number of the page")
         self.assertIn("595 x 842", run("pdfinfo", str(pdf)))
 
+    def test_what_is_looked_for_in_vain_is_heard(self):
+        keys("ctrl+f")
+        wait_for(lambda: self.find("text", "検索").getState().contains(pyatspi.STATE_FOCUSED))
+        keys("q")
+        self.assertEqual(wait_for(self.heard), ["見つかりません"])
+        keys("Escape")
+
     def test_an_event_is_kept_confirmed_and_begins_a_journey(self):
         self.shown("船🛥")
         self.press("button", "🐱Cat")

@@ -156,6 +156,9 @@ private slots:
         QCOMPARE(heard->text(0, heard->characterCount()), line);
         heard->setCursorPosition(2000);
         QCOMPARE(heard->cursorPosition(), 2000);
+        heard->setSelection(0, 1990, 2000); // forwards
+        QCOMPARE(heard->cursorPosition(), 2000);
+        heard->setCursorPosition(2000);
         QTest::keyClick(&pane, Qt::Key_X);
         QCOMPARE(m_text.value(), line.left(2000) + u'x' + line.mid(2000));
         pane.undo();

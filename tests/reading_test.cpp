@@ -146,6 +146,10 @@ private slots:
         pane.moveCursor(QTextCursor::Start);
         press(Qt::Key_Delete);
         QCOMPARE(m_text.value(), text.mid(stops[1]));
+        pane.selectAll();
+        press(Qt::Key_Left, Qt::ShiftModifier);
+        press(Qt::Key_Delete); // what is selected, whatever stands behind it
+        QCOMPARE(m_text.value(), words.last());
     }
 
     void aDoubleClickTakesAWordAndADragMore()
