@@ -171,7 +171,7 @@ bool Typesetter::placeLine(std::size_t cells)
         placeAsSeen(m_page, broken, m_directions.base(), m_lineWidth);
     else
         placeInOrder(m_page, broken, spreadOf(line, content));
-    if (content.endsParagraph && m_goesOnBelow && !content.runsLeft)
+    if (content.endsParagraph && m_goesOnBelow)
         partFromNext();
     m_used += height;
     m_lineStart += content.units;
