@@ -66,7 +66,7 @@ std::string unparsed(const Resources &resources)
     for (const auto &[kind, all] : resources) {
         text += kind + " <<";
         for (const auto &[name, resource] : all)
-            text += name + ' ' + resource + ' ';
+            text.append(name).append(" ").append(resource).append(" ");
         text += ">> ";
     }
     return text + ">>";
