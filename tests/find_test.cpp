@@ -26,6 +26,7 @@ private slots:
             {"letter case", u"tower"_s, u"[Tower]、[TOWER]"_s, u"Tower、TOWER"_s},
             {"width", u"PDF10"_s, u"[ＰＤＦ１０]と[pdf10]"_s, u"ＰＤＦ１０とpdf10"_s},
             {"kana", u"かたかな"_s, u"[カタカナ]と[かたかな]と[ｶﾀｶﾅ]"_s, u"カタカナと[かたかな]とｶﾀｶﾅ"_s},
+            {"kana to the last", u"ぁをんゔゕゖ"_s, u"[ァヲンヴヵヶ]"_s, u"ァヲンヴヵヶ"_s},
             {"voiced in two", u"ガイド"_s, u"[ｶﾞｲﾄﾞ]、[か\u3099いと\u3099]、カイト"_s,
              u"ｶﾞｲﾄﾞ、か\u3099いと\u3099、カイト"_s},
             {"unvoiced", u"か"_s, u"[か]が[カ]ガｶﾞか\u3099"_s, u"[か]がカガｶﾞ[か]\u3099"_s},
@@ -136,6 +137,10 @@ private slots:
         QTest::keyClick(field, Qt::Key_Escape);
         QVERIFY(!bar.isVisible() && pane->hasFocus() && pane->extraSelections().isEmpty());
         bar.open(); // with what is selected
+        QCOMPARE(field->text(), u"とり"_s);
+        m_text.setValue(u"いぬ\nねこ"_s);
+        pane->selectAll();
+        bar.open(); // but not with lines
         QCOMPARE(field->text(), u"とり"_s);
     }
 

@@ -304,6 +304,7 @@ private slots:
         QSet<QByteArray> offered;
         for (const QAction *item : menu.actions())
             offered += item->data().toByteArray();
+        QCOMPARE(titled(u"UTF-16（リトル"_s, menu.actions())->data().toByteArray(), "UTF-16LE");
         for (const Encoding &encoding : encodings())
             QVERIFY2(offered.contains(encoding.name), encoding.name);
     }
