@@ -4,6 +4,9 @@
 #include "pdf/OutlineFont.h"
 #include "pdf/PdfSyntax.h"
 
+#include <algorithm>
+#include <map>
+
 using PdfSyntax::appendHex;
 using PdfSyntax::reference;
 

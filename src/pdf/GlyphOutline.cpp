@@ -3,6 +3,7 @@
 #include <hb-ot.h>
 
 #include <algorithm>
+#include <memory>
 
 namespace {
 

@@ -6,6 +6,8 @@
 #include <hb-ot.h>
 #include <hb-subset.h>
 
+#include <cctype>
+#include <cstdint>
 #include <stdexcept>
 
 using PdfSyntax::number;

@@ -2,6 +2,8 @@
 
 #include "pdf/PdfSyntax.h"
 
+#include <string>
+
 namespace {
 
 int samples(PdfFile &file, const Pixels &pixels, const std::string &entries, const std::string &bytes)

@@ -4,6 +4,7 @@
 #include "pdf/Structure.h"
 
 #include <algorithm>
+#include <initializer_list>
 
 namespace {
 

@@ -1,6 +1,7 @@
 #include "typesetting/LineMarks.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace {
