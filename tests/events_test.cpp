@@ -177,10 +177,13 @@ private slots:
         Alerting scene;
         for (int time = 1; time <= 2; ++time) {
             scene.window.show();
-            QVERIFY(QTest::qWaitForWindowActive(scene.raised(u"また"_s)));
+            QMessageBox *alert = scene.raised(u"また"_s);
+            QVERIFY(QTest::qWaitForWindowActive(alert));
+            const auto heard = QAccessible::uniqueId(QAccessible::queryAccessibleInterface(alert));
             goOut(scene);
             QCOMPARE(scene.afterClosing(), printed.isEmpty() ? QStringList() : QStringList(time, printed));
             QCOMPARE(scene.alertMessage.value(), u"また"_s);
+            QVERIFY(!QAccessible::accessibleInterface(heard)); // of what isn't there any more
         }
     }
 };

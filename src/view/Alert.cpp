@@ -82,7 +82,8 @@ QWidget *alertWhen(State<bool> &showAlert, const State<QString> &alertMessage, A
             alert = newAlert(alertMessage, act, showAlert, widget->window());
             alert->open();
         } else if (alert && alert->isVisible()) {
-            alert->disconnect(); // nobody has pressed anything
+            // Nobody has pressed anything. Others still hear of its end: who speaks for it, for one.
+            QObject::disconnect(alert, &QDialog::finished, alert, nullptr);
             alert->close();
         }
     };
