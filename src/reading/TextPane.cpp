@@ -17,11 +17,8 @@
 #include <QMenu>
 #include <QMimeData>
 #include <QScrollBar>
-#include <QTextBlock>
-#include <QTextLayout>
 
 #include <algorithm>
-#include <utility>
 
 namespace {
 
@@ -57,7 +54,7 @@ TextPane::TextPane(ReadingText &text, const State<double> &fontSize)
     connect(&text, &ReadingText::leaving, this, &TextPane::writeDownPlace);
     connect(&text, &ReadingText::assigned, this, &TextPane::showAssigned);
     connect(&text, &ReadingText::returned, this, &TextPane::showReturned);
-    connect(&text, &ReadingText::complete, this, &TextPane::fitSeamsInView);
+    connect(&text, &ReadingText::complete, this, [this] { m_seams.fitInView(); });
 }
 
 PiecedDocument &TextPane::piecedDocument() const
@@ -81,7 +78,7 @@ void TextPane::showAssigned()
     showDocument();
     moveCursor(QTextCursor::Start);
     verticalScrollBar()->setValue(0);
-    fitSeamsInView();
+    m_seams.fitInView();
 }
 
 void TextPane::showReturned()
@@ -93,7 +90,7 @@ void TextPane::showReturned()
     cursor.setPosition(place.caret, QTextCursor::KeepAnchor);
     setTextCursor(cursor);
     verticalScrollBar()->setValue(place.scrolled);
-    refitSeams();
+    m_seams.refit();
 }
 
 void TextPane::writeDownPlace()
@@ -273,54 +270,21 @@ void TextPane::contextMenuEvent(QContextMenuEvent *event)
 void TextPane::scrollContentsBy(int dx, int dy)
 {
     QPlainTextEdit::scrollContentsBy(dx, dy);
-    fitSeamsInView();
+    m_seams.fitInView();
 }
 
 void TextPane::resizeEvent(QResizeEvent *event)
 {
     QPlainTextEdit::resizeEvent(event);
     if (event->size().width() != event->oldSize().width())
-        refitSeams();
+        m_seams.refit();
     else
-        fitSeamsInView();
+        m_seams.fitInView();
 }
 
 void TextPane::changeEvent(QEvent *event)
 {
     QPlainTextEdit::changeEvent(event);
     if (event->type() == QEvent::FontChange)
-        refitSeams();
-}
-
-void TextPane::refitSeams()
-{
-    ++m_fit;
-    fitSeamsInView();
-}
-
-// Before it is painted, but not in the middle of what changes the view.
-void TextPane::fitSeamsInView()
-{
-    if (!piecedDocument().hasSeams() || std::exchange(m_isFitting, true))
-        return;
-    QMetaObject::invokeMethod(this, &TextPane::fitSeams, Qt::QueuedConnection);
-}
-
-void TextPane::fitSeams()
-{
-    m_isFitting = false;
-    // What an input method is composing lies in the layout of its block, and would go with it.
-    if (!textCursor().block().layout()->preeditAreaText().isEmpty())
-        return;
-    double top = contentOffset().y();
-    for (QTextBlock block = firstVisibleBlock(); block.isValid() && top < viewport()->height();
-         block = block.next()) {
-        const int start = block.position();
-        if (block.userState() != m_fit) {
-            piecedDocument().fitSeamAfter(block);
-            block = piecedDocument().findBlock(start);
-            block.setUserState(m_fit);
-        }
-        top += blockBoundingRect(block).height();
-    }
+        m_seams.refit();
 }

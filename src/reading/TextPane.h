@@ -1,6 +1,7 @@
 #pragma once
 
 #include "reading/ClickSelection.h"
+#include "reading/SeamFitting.h"
 #include "view/State.h"
 
 #include <QElapsedTimer>
@@ -67,9 +68,6 @@ private:
     void showReturned();
     void showDocument();
     void writeDownPlace();
-    void refitSeams();
-    void fitSeamsInView();
-    void fitSeams();
 
     bool canCopy();
     void type(QKeyEvent *event);
@@ -77,9 +75,8 @@ private:
     ReadingText &m_text;
     Patience &m_patience;
     ClickSelection m_clicks{*this};
-    // What blocks are marked with whose seams were fitted for the present width and font.
-    int m_fit = 0;
-    bool m_isFitting = false;
+    friend class SeamFitting; // which looks at what is in view
+    SeamFitting m_seams{*this};
     // Where the latest stretch of typing ended, and when.
     static constexpr int nowhere = -1;
     int m_typedTo = nowhere;
