@@ -3,6 +3,8 @@
 #include "document/PiecedDocument.h"
 #include "reading/TextPane.h"
 
+#include <QEvent>
+
 #include <algorithm>
 
 namespace {
@@ -26,6 +28,14 @@ HitMarks::HitMarks(TextPane &pane)
     , m_pane(pane)
 {
     connect(&pane, &QPlainTextEdit::updateRequest, this, &HitMarks::markSoon);
+    pane.installEventFilter(this);
+}
+
+bool HitMarks::eventFilter(QObject *pane, QEvent *event)
+{
+    if (event->type() == QEvent::PaletteChange)
+        markSoon();
+    return QObject::eventFilter(pane, event);
 }
 
 void HitMarks::show(const TextPattern &pattern)

@@ -20,6 +20,9 @@ public:
     /// From now on; an empty pattern marks nothing.
     void show(const TextPattern &pattern);
 
+protected:
+    bool eventFilter(QObject *pane, QEvent *event) override; // its colours
+
 private:
     using Places = std::vector<std::pair<int, int>>; // positions in the document
 
