@@ -150,10 +150,8 @@ bool JourneyBoard::event(QEvent *event)
         break;
     case QEvent::FontChange:
     case QEvent::StyleChange:
-        m_boat->setFont(boatFont(QApplication::font(m_boat)));
-        for (Stop &stop : m_stops)
-            stop.size = {};
-        layOut();
+        // The buttons hear of it at their own time, as they stand in the window.
+        QMetaObject::invokeMethod(this, &JourneyBoard::adoptFont, Qt::QueuedConnection);
         break;
     case QEvent::Resize:
     case QEvent::Move:
@@ -163,6 +161,14 @@ bool JourneyBoard::event(QEvent *event)
         break;
     }
     return QWidget::event(event);
+}
+
+void JourneyBoard::adoptFont()
+{
+    m_boat->setFont(boatFont(QApplication::font(m_boat)));
+    for (Stop &stop : m_stops)
+        stop.size = {};
+    layOut();
 }
 
 // The board's place in the window changes with every widget that it stands in.

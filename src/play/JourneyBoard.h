@@ -54,6 +54,7 @@ private:
 
     void joinWindow();
     void showWhatIsThere();
+    void adoptFont();
     void layOut();
     void displace();
     int rowHeight() const;
