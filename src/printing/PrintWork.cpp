@@ -29,6 +29,8 @@ public:
         case ENOSPC:
         case EDQUOT:
             return tr("空き容量が足りません。");
+        case EFBIG:
+            return tr("ファイルが大きすぎます。");
         case EACCES:
         case EPERM:
         case EROFS:
