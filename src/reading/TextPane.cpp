@@ -120,13 +120,14 @@ bool TextPane::canInsertFromMimeData(const QMimeData *source) const
     return source && (source->hasText() || !filesIn(*source).isEmpty());
 }
 
-// A file that is moved here is still where it was: it is read, and no more.
+// A file that is moved here is still where it was: it is read, and no more. Who can only move it isn't told
+// that it has been taken, and keeps it.
 void TextPane::dropEvent(QDropEvent *event)
 {
     const bool bringsFiles = !filesIn(*event->mimeData()).isEmpty();
     QPlainTextEdit::dropEvent(event);
     if (bringsFiles)
-        event->setDropAction(Qt::CopyAction);
+        event->setDropAction(event->possibleActions() & Qt::CopyAction ? Qt::CopyAction : Qt::IgnoreAction);
 }
 
 // Files are for others to load. Otherwise only ever the plain text, whatever else the clipboard offers with
