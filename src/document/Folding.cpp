@@ -7,6 +7,7 @@
 #include <atomic>
 #include <memory>
 #include <numeric>
+#include <utility>
 
 namespace {
 
@@ -108,7 +109,7 @@ public:
             else
                 add(c), ++m_at;
         }
-        if (!m_folded.origins.empty())
+        if (m_isMoved)
             m_folded.origins.push_back(int(m_text.size()));
         return std::move(m_folded);
     }
@@ -117,13 +118,13 @@ private:
     void add(char16_t c)
     {
         m_folded.text += QChar(c);
-        if (!m_folded.origins.empty())
+        if (m_isMoved)
             m_folded.origins.push_back(int(m_at));
     }
 
     void addIrregular()
     {
-        if (m_folded.origins.empty()) {
+        if (!std::exchange(m_isMoved, true)) {
             m_folded.origins.reserve(size_t(m_text.size()));
             m_folded.origins.resize(size_t(m_folded.text.size()));
             std::iota(m_folded.origins.begin(), m_folded.origins.end(), 0);
@@ -153,6 +154,7 @@ private:
 
     QStringView m_text;
     qsizetype m_at = 0;
+    bool m_isMoved = false; // characters aren't where they were: their origins are written down
     Folded m_folded;
 };
 
