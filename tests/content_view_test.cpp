@@ -6,8 +6,6 @@
 
 #include <QComboBox>
 #include <QLabel>
-#include <QMenu>
-#include <QMessageBox>
 #include <QPushButton>
 #include <QSemaphore>
 #include <QSlider>
@@ -80,21 +78,6 @@ class ContentViewTest : public QObject {
     }
 
 private slots:
-    void aNewWindowStartsAsDocumented()
-    {
-        ContentView content(m_surroundings);
-        QCOMPARE(content.uString.value(), QString());
-        QCOMPARE(content.sp1.value(), 0);
-        QCOMPARE(content.sp2.value(), 0);
-        const std::unique_ptr<Frame> view(content.body());
-        QCOMPARE(view->findChild<TextPane *>()->toPlainText(), QString());
-        QCOMPARE(view->findChild<QSlider *>()->value(), 14);
-        QCOMPARE(view->findChild<QComboBox *>()->count(), 0);
-        view->show();
-        QCOMPARE(view->findChild<TextPane *>()->toPlainText(), openingMessage());
-        QCOMPARE(visibleTexts(*view), QStringList{u"何も選択されていません"_s});
-    }
-
     void aNewWindowStartsFromTheStoreAndWhatItIsGiven()
     {
         UserDefaults store(m_folder.filePath(u"another.conf"_s));
@@ -122,10 +105,6 @@ private slots:
             u"乗船切符のようなものが必要。コンピュータ名とユーザー名をご確認ください。"_s};
         tree->setCurrentIndex(tree->model()->index(0, 0));
         QTRY_COMPARE(visibleTexts(*view), expected);
-        tree->setCurrentIndex(tree->model()->index(1, 0));
-        QCOMPARE(visibleTexts(*view), expected);
-        tree->clearSelection();
-        QCOMPARE(visibleTexts(*view), QStringList{u"何も選択されていません"_s});
 
         // A directory service that doesn't answer keeps no window waiting.
         m_host.m_mayAnswer.acquire();
@@ -236,51 +215,6 @@ private slots:
         delete m_printed.takeFirst();
         button->click();
         QTRY_COMPARE(m_printed.size(), 1);
-    }
-
-    void withoutDownloadsNothingIsPrintedAndThePersonIsTold()
-    {
-        Surroundings elsewhere = m_surroundings;
-        elsewhere.downloads = m_folder.filePath(u"gone"_s);
-        m_printed.clear();
-        const auto [content, view] = shown(elsewhere);
-        content->savePDF(u"a"_s);
-        QTRY_COMPARE(view->findChildren<QMessageBox *>().size(), 1);
-        QVERIFY(view->findChild<QMessageBox *>()->informativeText().contains(u"ダウンロード"_s));
-        QVERIFY(m_printed.isEmpty());
-    }
-
-    void theMenusActOnTheText()
-    {
-        const auto [content, view] = shown(m_surroundings);
-        auto *pane = view->findChild<TextPane *>();
-        QMenu menu;
-        content->fillEditMenu(menu);
-        content->fillViewMenu(menu);
-        const auto item = [&](const QString &title) { return titled(title, menu.actions()); };
-        QVERIFY(!item(u"元に戻す"_s)->isEnabled());
-        QVERIFY(!item(u"コピー"_s)->isEnabled());
-        view->findChild<QPushButton *>()->setFocus();
-        item(u"すべてを選択"_s)->trigger();
-        QCOMPARE(pane->textCursor().selectedText(), openingMessage());
-        item(u"切り取り"_s)->trigger();
-        QCOMPARE(pane->toPlainText(), QString());
-        item(u"元に戻す"_s)->trigger();
-        QCOMPARE(pane->toPlainText(), openingMessage());
-        item(u"やり直す"_s)->trigger();
-        item(u"貼り付け"_s)->trigger();
-        QCOMPARE(pane->toPlainText(), openingMessage());
-
-        for (const auto &[title, step, last] :
-             {std::tuple(u"文字を大きく"_s, 1, 40), {u"文字を小さく"_s, -1, 10}}) {
-            for (int size = 14; size != last; size += step) {
-                QCOMPARE(view->findChild<QSlider *>()->value(), size);
-                QVERIFY(item(title)->isEnabled());
-                item(title)->trigger();
-            }
-            QVERIFY(!item(title)->isEnabled());
-            item(u"標準の大きさ"_s)->trigger();
-        }
     }
 };
 

@@ -1,8 +1,6 @@
 #include "Testing.h"
 #include "play/EventToolbar.h"
 #include "play/Events.h"
-#include "preferences/PreferenceKeys.h"
-#include "preferences/UserDefaults.h"
 #include "view/Alert.h"
 #include "view/Unwinding.h"
 
@@ -17,8 +15,6 @@
 
 class EventsTest : public QObject {
     Q_OBJECT
-
-    QTemporaryDir m_folder;
 
     // A window with an alert, and the lines that it prints.
     struct Alerting {
@@ -53,39 +49,6 @@ class EventsTest : public QObject {
     };
 
 private slots:
-    void eachButtonRecordsItsEvent_data()
-    {
-        cases<size_t, QString, QByteArray, qint64, QString>({
-            {"cat", 0, u"🐱Cat"_s, "CatPX5=3", 3, u"🐱Cat に餌をやりました"_s},
-            {"bird", 1, u"🐦Bird"_s, "BirdPX5=3", 3, u"🐦Bird に餌をやりました"_s},
-            {"place", 2, u"居場所"_s, "CarPX5=🚙", -1, u"居場所に戻りました"_s},
-            {"bag", 3, u"手荷物"_s, "BagPX5=🛍", -1, u"🐱🐦手荷物を確認しました"_s},
-            {"seed", 4, u"暗黙知"_s, "FirmPX5=種子", -1,
-             u"🐱🐦暗黙知というタネを撒いて収穫物を確認しました"_s},
-            {"gift", 5, u"寄付"_s, "FirmPX5=種子", -1,
-             u"🐱🐦寄付という税のような物を収穫物の中から支払いました"_s},
-        });
-    }
-    void eachButtonRecordsItsEvent()
-    {
-        const auto [index, label, stored, nextStage, said] =
-            values<size_t, QString, QByteArray, qint64, QString>();
-        const QString file = m_folder.filePath(label);
-        UserDefaults store(file);
-        State<qint64> stage{-1};
-        State<QString> message;
-        State<bool> shown{false};
-        const Event &event = events().at(index);
-        QCOMPARE(event.label, label);
-        for (int time = 0; time < 2; ++time) { // a second time changes nothing
-            perform(event, store, stage, message, shown);
-            QCOMPARE(stage.value(), nextStage);
-            QCOMPARE(message.value(), said);
-            QVERIFY(shown);
-            QCOMPARE(contentOf(file), "[General]\n" + stored + '\n');
-        }
-    }
-
     void theButtonsStandAtBothEndsOfTheToolbar()
     {
         QWidget window;

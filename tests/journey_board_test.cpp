@@ -219,25 +219,6 @@ private slots:
         QCOMPARE(shown.movingStr.value(), anchoredLeft.toString());
         QVERIFY(shown.boat()->hasFocus());
     }
-
-    void theKeyboardStaysOnTheBoard()
-    {
-        Shown shown;
-        QVERIFY(QTest::qWaitForWindowActive(&shown.window));
-        shown.boat()->setFocus();
-        shown.btnStatus = 3;
-        for (const QString &title : {u"居場所"_s, u"お店"_s, u"食品購入"_s}) {
-            QVERIFY2(shown.button(title)->hasFocus(), qPrintable(title));
-            const QPushButton *last = shown.button(title == u"食品購入"_s ? u"衣類購入"_s : title);
-            const double middle = (shown.fromMiddle(shown.button(title)) + shown.fromMiddle(last)) / 2;
-            QVERIFY2(qAbs(middle) <= 1, qPrintable(title)); // the row is centred
-            QTest::keyClick(shown.button(title), Qt::Key_Space);
-        }
-        QVERIFY(shown.boat()->hasFocus());
-        shown.other->setFocus();
-        shown.btnStatus = 3; // the focus that is elsewhere stays there
-        QVERIFY(shown.other->hasFocus());
-    }
 };
 
 QTEST_MAIN(JourneyBoardTest)

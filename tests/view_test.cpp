@@ -4,8 +4,6 @@
 #include "view/Stacks.h"
 #include "view/State.h"
 
-#include <QLabel>
-#include <QSlider>
 
 using Widget = std::unique_ptr<QWidget>;
 
@@ -27,44 +25,6 @@ private slots:
         delete widget;
         state = 2;
         QCOMPARE(shown, 2);
-    }
-
-    void aSliderTakesWholeStepsWithinItsRange()
-    {
-        State<double> size{14};
-        const Widget row(Slider(u"Font Size"_s, size, {.from = 10, .to = 40, .step = 1}));
-        auto *slider = row->findChild<QSlider *>();
-        QCOMPARE(slider->value(), 14);
-        QTest::keyClick(slider, Qt::Key_Right);
-        QCOMPARE(size.value(), 15.0);
-        QTest::keyClick(slider, Qt::Key_End);
-        QTest::keyClick(slider, Qt::Key_Right);
-        QCOMPARE(size.value(), 40.0);
-        QTest::keyClick(slider, Qt::Key_Home);
-        QTest::keyClick(slider, Qt::Key_Left);
-        QCOMPARE(size.value(), 10.0);
-        size = 33;
-        QCOMPARE(slider->value(), 33);
-
-        auto *title = row->findChild<QLabel *>();
-        QCOMPARE(title->text(), u"Font Size"_s);
-        QCOMPARE(title->buddy(), slider);
-        QCOMPARE(slider->accessibleName(), u"Font Size"_s);
-    }
-
-    void whatIsHiddenTakesNoRoom()
-    {
-        State<bool> shown{false};
-        QWidget *first = Text(u"一"_s);
-        QWidget *second = visibleWhen([&] { return shown.value(); }, Text(u"二"_s));
-        const Widget stack(VStack({first, second}));
-        stack->show();
-        const int alone = stack->sizeHint().height();
-        shown = true;
-        QVERIFY(second->isVisible());
-        QVERIFY(stack->sizeHint().height() > alone);
-        shown = false;
-        QCOMPARE(stack->sizeHint().height(), alone);
     }
 
     void appearingIsComingOnScreenAnew()
