@@ -310,12 +310,15 @@ private slots:
         write(users / "sub-b.desktop", entry("Categories=WebBrowser;\nIcon=mine"));
         write(systems / "a.desktop", entry("Categories=WebBrowser;"));
         write(systems / "sub/b.desktop", entry("Categories=WebBrowser;"));
+        write(inRoot("elsewhere") / "e.desktop", entry("Categories=WebBrowser;\nIcon=linked"));
+        fs::create_symlink(inRoot("elsewhere") / "e.desktop", systems / "e.desktop");
         fs::create_directory_symlink(".", systems / "sub/round");
         fs::create_symlink("nowhere", systems / "c.desktop");
         QCOMPARE(::mkfifo((systems / "d.desktop").c_str(), 0600), 0);
         const auto found = DesktopEntries::webBrowsers({users, systems, inRoot("none")});
-        QCOMPARE(found.size(), size_t(1));
+        QCOMPARE(found.size(), size_t(2));
         QCOMPARE(found[0].icon, u"mine"_s);
+        QCOMPARE(found[1].icon, u"linked"_s);
     }
 
     void namesOfAnyBytesSurvive()

@@ -63,6 +63,8 @@ private slots:
 
     void whatComesLateIsHeardToo()
     {
+        QVERIFY(decodedText(QByteArray("abc ").repeated(20'000) + "\xf0\xd2\xc9\xd7\xc5\xd4, \xcd\xc9\xd2")
+                    ->endsWith(u"Привет, мир"_s));
         const auto decoded = decodedText(QByteArray(100'000, '-') + "\x92\xa9\x82\xcc\x8b\x4c\x98\x5e\r\n");
         QCOMPARE(decoded, QString(100'000, u'-') + u"朝の記録\r\n"_s);
     }
@@ -73,6 +75,12 @@ private slots:
             QByteArray::fromHex("92a9814196da82aa8a6f82df82bd82cc82c5918b82f08a4a82af82bd81420a");
         QCOMPARE(decodedText(line.repeated(40'001)),
                  u"朝、目が覚めたので窓を開けた。\n"_s.repeated(40'001));
+        // What only its second half tells.
+        const QByteArray latin = QByteArray("abc\n").repeated(400'000);
+        const QString text = QString::fromLatin1(latin);
+        QVERIFY(decodedText(latin + "\x1b$B$\"\x1b(B") == text + u"あ"_s);
+        QVERIFY(decodedText(latin + QByteArray::fromHex("8be38e9e81608cdc8e9e8141817c"))
+                == text + u"九時〜五時、−"_s);
         QVERIFY(!decodedText(QByteArray("朝の記録").repeated(100'000).chopped(1)));
     }
 

@@ -3,6 +3,7 @@
 #include "pdf/TextPdf.h"
 
 #include <QColor>
+#include <QDateTime>
 #include <QElapsedTimer>
 #include <QProcess>
 #include <QRectF>
@@ -156,13 +157,13 @@ class PdfTest : public QObject {
         return QImage(picture + u".png"_s);
     }
 
-    static QRect whereDark(const QImage &page)
+    static QRect whereDark(const QImage &page, int paper = 128)
     {
         const QImage grey = page.convertToFormat(QImage::Format_Grayscale8);
         QRect dark;
         for (int y = 0; y < grey.height(); ++y) {
             const std::span row(grey.constScanLine(y), std::size_t(grey.width()));
-            const auto isDark = [](uchar value) { return value < 128; };
+            const auto isDark = [paper](uchar value) { return value < paper; };
             const auto first = std::find_if(row.begin(), row.end(), isDark);
             const auto last = std::find_if(row.rbegin(), row.rend(), isDark);
             if (first != row.end())
@@ -255,6 +256,8 @@ private slots:
             QCOMPARE(structure(), QString::fromUtf16(told));
         }
         QCOMPARE(spans(), u"/Lang(en)/Lang(ru)"_s);
+        write(u"a\n"_s.repeated(100)); // one paragraph goes on overleaf
+        QCOMPARE(structure().count(u"P "_s), 1);
         QCOMPARE(write(QString()), PdfResult::Written);
         QCOMPARE(structure(), u""_s);
         QVERIFY(!structure().isNull());
@@ -270,6 +273,8 @@ private slots:
             {u"はhanako.y+z@a.example.jp。@b @c.d e@f g@.h i@j.k", u"mailto:hanako.y+z@a.example.jp"},
             {u"https://a.example/b@c.example?(d)e)", u"https://a.example/b@c.example?(d)e"},
             {u"שלום https://a.example/b עולם", u"https://a.example/b"},
+            {u"[https://a.example/A_(B)][2]、https://a.example/C_(D)",
+             u"https://a.example/A_(B)][2 https://a.example/C_(D)"},
         };
         for (const auto &[text, expected] : texts) {
             QCOMPARE(write(QString::fromUtf16(text)), PdfResult::Written);
@@ -282,6 +287,12 @@ private slots:
         write(u"国https://"_s + u"a.example/"_s.repeated(30));
         QCOMPARE(linkBoxes().size(), 4); // lines
         QCOMPARE(said(u"pdfinfo"_s, {u"-url"_s, m_file}).count(u"Annotation"_s), 1);
+        const QStringList around = said(u"qpdf"_s, {u"--qdf"_s, m_file, u"-"_s})
+                                       .section(u"/Rect ["_s, 1)
+                                       .section(u']', 0, 0)
+                                       .simplified()
+                                       .split(u' ');
+        QVERIFY(842 - around[1].toDouble() >= linkBoxes().last().bottom() - 1);
         for (const QString &text : {u"See http://a.example now"_s, u"שלום http://a.example עולם"_s}) {
             write(text);
             const auto all = words();
@@ -307,7 +318,16 @@ private slots:
         write(text, {.title = "a<b>&(c)\\漢\n"});
         QVERIFY(contentOf(m_file) == first);
         qunsetenv("SOURCE_DATE_EPOCH");
+        qputenv("TZ", "Asia/Tokyo");
+        ::tzset();
         write(text);
+        const auto made = QDateTime::fromString(said(u"pdfinfo"_s, {m_file, u"-isodates"_s})
+                                                    .section(u"CreationDate:"_s, 1)
+                                                    .section(u'\n', 0, 0)
+                                                    .trimmed(),
+                                                Qt::ISODate);
+        QVERIFY(qAbs(made.secsTo(QDateTime::currentDateTime())) < 100);
+        qunsetenv("TZ");
         QVERIFY(!structure().isNull());
     }
 
@@ -332,6 +352,15 @@ private slots:
                                     u"☝🏽"_s, u"a🏽"_s}) {
             QCOMPARE(write(text), PdfResult::Written);
             QVERIFY2(colouredIn(page(40)) > 3, qPrintable(text));
+        }
+        for (const bool grey : {false, true}) {
+            write(u"国😀"_s, {.grey = grey});
+            const QRect both = whereDark(page(), 250);
+            QVERIFY(both.top() > 18 && both.bottom() < 40); // on their line
+            const QImage emoji =
+                page().copy(both.center().x() + 1, both.top(), both.width() / 2, both.height());
+            const QColor mean = emoji.scaled(1, 1, {}, Qt::SmoothTransformation).pixelColor(0, 0);
+            QVERIFY(mean.value() > 160 && (mean.saturation() > 40) != grey);
         }
         QCOMPARE(write(u"☺ ✔ ✈ ™ ℹ ❤ ☝"_s), PdfResult::Written);
         QCOMPARE(colouredIn(page(40)), 0);
@@ -400,6 +429,10 @@ private slots:
             return words().front().second.width();
         };
         QCOMPARE(width(u"가\u11ab가\u11ab"_s), width(u"간간"_s));
+        write(u"X"_s);
+        const int letter = whereDark(page(300)).top();
+        write(u"X\u0302"_s); // whose mark lies above a capital, too
+        QVERIFY(whereDark(page(300)).top() < letter - 7);
         QString heaps; // of marks, so that one glyph stands for ever new texts
         for (char16_t i = 0; i < 21 * 21 * 21; ++i)
             heaps += u"ω\u0314\u0342\u0345"_s + QChar(0x300 + i % 21) + QChar(0x300 + i / 21 % 21)
@@ -543,6 +576,11 @@ private slots:
 
     void whatIsWrittenFromTheRightBeginsThere()
     {
+        for (const QString &text : {u"ߒߞߏ abc"_s, u"سلام abc"_s}) {
+            write(text);
+            QVERIFY(qAbs(words().front().second.right() - 570) < 1
+                    || qAbs(words().back().second.right() - 570) < 1);
+        }
         QCOMPARE(write(u"שלום עולם 123 abc"_s), PdfResult::Written);
         auto all = words();
         std::sort(all.begin(), all.end(),
@@ -577,6 +615,7 @@ private slots:
             {"copies, one after the other", u"a\fb"_s, {.copies = 2}, u"a|b|a|b|"_s},
             {"copies, page by page", u"a\fb"_s, {.copies = 2, .collated = false}, u"a|a|b|b|"_s},
             {"the last page first", u"a\fb\fc"_s, {.lastFirst = true}, u"c|b|a|"_s},
+            {"nothing follows the last form feed", u"a\f"_s, {}, u"a|"_s},
             {"from the second page on", u"a\fb\fc"_s, {.ranges = {{2, 3}}}, u"b|c|"_s},
         });
     }
@@ -594,6 +633,9 @@ private slots:
         QCOMPARE(write(prose(), settings), PdfResult::Written);
         const QString firstLine = read({u"-raw"_s}).section(u'\n', 0, 0);
         QVERIFY2(firstLine.size() >= 11 && firstLine.size() <= 13, qPrintable(firstLine)); // 160 points
+        settings.format = {.width = 842, .height = 595};
+        write(prose(), settings);
+        QVERIFY(said(u"pdfinfo"_s, {m_file}).contains(u" 842 x 595 "_s));
     }
 
     void noTextTakesForEver()

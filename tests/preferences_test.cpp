@@ -5,6 +5,7 @@
 
 #include <QElapsedTimer>
 #include <QSettings>
+#include <QTimer>
 
 #include <csignal>
 #include <limits>
@@ -218,6 +219,14 @@ private slots:
         written(file, "[General]\nCatPX5=7\nBirdPX5=5\n"); // by who holds it
         ::close(holder);
         QTRY_COMPARE(contentOf(file), "[General]\nCatPX5=3\nBirdPX5=5\nCarPX5=🚙\n");
+
+        const int another = ::open(qPrintable(QFileInfo(file).path()), O_RDONLY | O_CLOEXEC);
+        QCOMPARE(::flock(another, LOCK_EX), 0);
+        cat = 4;
+        ::close(another);
+        QTimer::singleShot(0, qApp, &QCoreApplication::quit); // before the next try
+        QCoreApplication::exec();
+        QVERIFY(contentOf(file).contains("CatPX5=4"));
     }
 };
 

@@ -13,6 +13,7 @@
 #include <QPushButton>
 
 #include <atomic>
+#include <csignal>
 #include <functional>
 #include <map>
 #include <thread>
@@ -20,6 +21,7 @@
 
 #include <cups/cups.h>
 #include <poll.h>
+#include <sys/resource.h>
 
 namespace {
 
@@ -260,6 +262,8 @@ private slots:
         QVERIFY(target.queue.isEmpty() && target.options.empty());
         const PdfSettings pages = chosenPages(printer, {.width = 100});
         QCOMPARE(pages.format.width, 420.0);
+        printer.setPageOrientation(QPageLayout::Landscape);
+        QCOMPARE(chosenPages(printer, {.width = 100}).format.width, 595.0);
         QCOMPARE(pages.format.height, 595.0);
         QCOMPARE(pages.format.left, 30.0);
         QCOMPARE(pages.format.bottom, 40.0);
@@ -404,6 +408,15 @@ private slots:
         if (QFile::exists(u"/sys/kernel"_s)) // where not even root writes
             QCOMPARE(failure({.file = u"/sys/a.pdf"_s}), u"そこに書き込むことは許可されていません。"_s);
         QVERIFY(!failure({.file = u"/dev/null"_s}).isEmpty());
+        std::signal(SIGXFSZ, SIG_IGN);
+        rlimit before{};
+        ::getrlimit(RLIMIT_FSIZE, &before);
+        const rlimit small{4000, before.rlim_max};
+        ::setrlimit(RLIMIT_FSIZE, &small); // as where there is no more room
+        const QString full = failure({.file = m_folder.filePath(u"full.pdf"_s)});
+        ::setrlimit(RLIMIT_FSIZE, &before);
+        QCOMPARE(full, u"ファイルが大きすぎます。"_s);
+        QVERIFY(!QFile::exists(m_folder.filePath(u"full.pdf"_s)));
         const PrintOutcome endless = print(u"本文"_s, {.copies = 2'000'000'000},
                                            {.file = m_folder.filePath(u"b.pdf"_s)}, m_progress);
         QCOMPARE(endless.reason, u"メモリが足りません。"_s);
