@@ -4,7 +4,6 @@
 #include "view/Stacks.h"
 #include "view/State.h"
 
-
 using Widget = std::unique_ptr<QWidget>;
 
 class ViewTest : public QObject {
