@@ -83,6 +83,9 @@ QString homePath(const QString &path)
 // What a screen reader was told since the last time, apart from what it finds when it looks.
 QStringList heard;
 
+// What couldn't be done as the story wants it; which is told even of what is done quietly.
+QStringList trouble;
+
 void hear(QAccessibleEvent *event)
 {
     const QAccessibleInterface *by = event->accessibleInterface();
@@ -354,9 +357,13 @@ private:
 
     void lookAtFiles()
     {
+        QStringList paths;
         for (QDirIterator all(QDir::homePath(), QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
-             all.hasNext();) {
-            const QString path = all.next(), name = QDir::home().relativeFilePath(path);
+             all.hasNext();)
+            paths += all.next();
+        paths.sort();
+        for (const QString &path : std::as_const(paths)) {
+            const QString name = QDir::home().relativeFilePath(path);
             if (name.startsWith(u"cache"_s) || name.endsWith(u".lock"_s) || name.startsWith(u"share/"_s)
                 || name.endsWith(u"QtProject.conf"_s))
                 continue;
@@ -424,16 +431,16 @@ public:
         const QString rest = line.section(u' ', 1).section(u" until "_s, 0, 0);
         const auto found = verbs().find(verb);
         if (found == verbs().end())
-            return heard += u"nobody knows how to "_s + verb, void();
+            return trouble += u"nobody knows how to "_s + verb, void();
         try {
             found.value()(*this, rest);
         } catch (const std::out_of_range &missing) {
-            heard += QString::fromUtf8(missing.what());
+            trouble += QString::fromUtf8(missing.what());
         }
         settle();
         const QString end = line.section(u" until "_s, 1);
         if (!end.isEmpty() && !QTest::qWaitFor([&end] { return Looking().isSeen(end); }, 10'000))
-            heard += u"waited in vain"_s;
+            trouble += u"waited in vain"_s;
     }
 
 private:
@@ -715,6 +722,8 @@ QString told(const QStringList &story)
         QStringList news = changes(seen, now);
         for (const QString &each : std::exchange(heard, {}))
             news += u"said: "_s + each;
+        for (const QString &each : std::exchange(trouble, {}))
+            all += u"trouble: "_s + each + u'\n';
         if (!isQuiet) {
             for (const QString &each : news)
                 all += each.trimmed() + u'\n';

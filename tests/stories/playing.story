@@ -118,9 +118,6 @@ no [Tarumine] Button 冨士山公園
 no [Tarumine] Button 駅
 > keys Tab
 keyboard: Button 🐱Cat in Tarumine
-> press 駅
-said: nothing is called 駅
-
 > size 999 300
 [Tarumine] board: 船🛥 at 268, 13
 > font 16

@@ -163,4 +163,7 @@ keyboard: Button OK in 居場所に戻りました
 kept CarPX5: 🚙
 > keys Ctrl+Q
 said: asked to quit
-> quietly keys Esc until printed: 2
+> keys Esc
+[Tarumine 5]: in front
+keyboard: EditableText テキスト in Tarumine 5
+no [居場所に戻りました]
