@@ -183,9 +183,16 @@ private slots:
         synced.clear();
         QVERIFY(file.commit());
         QCOMPARE(readRegularFile(path, 100), "new content");
+        const mode_t mask = ::umask(027); // as whoever is there wants new files
+        WholeFile fresh(folder.filePath(u"new.pdf"_s).toStdString());
+        QVERIFY(fresh.commit());
+        ::umask(mask);
+        struct stat made { };
+        QCOMPARE(::stat(qPrintable(folder.filePath(u"new.pdf"_s)), &made), 0);
+        QCOMPARE(made.st_mode & 0777, 0640u);
         QVERIFY(QFileInfo(folder.filePath(u"link.pdf"_s)).isSymLink());
         QCOMPARE(QFileInfo(path).permissions() & 0x077, QFile::Permissions());
-        QCOMPARE(folder.entryList(QDir::Files | QDir::Hidden).size(), 102);
+        QCOMPARE(folder.entryList(QDir::Files | QDir::Hidden).size(), 103);
         QCOMPARE(QFileInfo(path).groupId(), ::geteuid() == 0 ? 34u : ::getegid());
         QCOMPARE(QFileInfo(path).ownerId(), ::geteuid() == 0 ? 12u : ::geteuid());
         QCOMPARE(synced.value(1),

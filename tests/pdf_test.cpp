@@ -275,6 +275,7 @@ private slots:
             {u"שלום https://a.example/b עולם", u"https://a.example/b"},
             {u"[https://a.example/A_(B)][2]、https://a.example/C_(D)",
              u"https://a.example/A_(B)][2 https://a.example/C_(D)"},
+            {u"https://a.example/%E6%97%A5?b=%25", u"https://a.example/%E6%97%A5?b=%25"},
         };
         for (const auto &[text, expected] : texts) {
             QCOMPARE(write(QString::fromUtf16(text)), PdfResult::Written);
