@@ -458,11 +458,6 @@ private:
                  auto *heard = QAccessible::queryAccessibleInterface(d.part(what.section(u' ', 1)));
                  heard->actionInterface()->doAction(what.section(u' ', 0, 0));
              }},
-            {u"set"_s,
-             [](Doing &d, const QString &what) {
-                 auto *heard = QAccessible::queryAccessibleInterface(d.part(what.section(u" = "_s, 0, 0)));
-                 heard->valueInterface()->setCurrentValue(what.section(u" = "_s, 1).toDouble());
-             }},
             {u"choose"_s, [](Doing &d, const QString &path) { d.item(path)->trigger(); }},
             {u"keys"_s,
              [](Doing &, const QString &keys) {
@@ -590,7 +585,7 @@ private:
         return data;
     }
 
-    // drag [double|triple] FROM TO: between characters of the text
+    // drag [double] FROM TO: between characters of the text
     void drag(QStringList what)
     {
         auto *pane = text();

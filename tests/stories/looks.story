@@ -29,13 +29,15 @@
 [Tarumine] label #3: 10 pt
 [Tarumine] points: 10
 > quietly choose 表示/標準の大きさ
-> set Font Size = 40
+> do SetFocus Font Size
+keyboard: Slider Font Size in Tarumine
+> keys End
 [Tarumine] 表示/ disabled: 文字を大きく(&L)
 [Tarumine] Slider Font Size: ポイント, 40
 [Tarumine] label #3: 40 pt
 [Tarumine] points: 40
 > keys Ctrl++
-> set Font Size = 10.4
+> keys Home
 [Tarumine] 表示/ disabled: 文字を小さく(&M)
 [Tarumine] Slider Font Size: ポイント, 10
 [Tarumine] label #3: 10 pt

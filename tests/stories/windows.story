@@ -28,10 +28,13 @@ no [Tarumine ]
 [Tarumine]:
 [Tarumine 2]: in front
 keyboard: EditableText テキスト in Tarumine 2
-> set Font Size = 30
-[Tarumine 2] Slider Font Size: ポイント, 30
-[Tarumine 2] label #3: 30 pt
-[Tarumine 2] points: 30
+> do SetFocus Font Size
+keyboard: Slider Font Size in Tarumine 2
+> keys End
+[Tarumine 2] 表示/ disabled: 文字を大きく(&L)
+[Tarumine 2] Slider Font Size: ポイント, 40
+[Tarumine 2] label #3: 40 pt
+[Tarumine 2] points: 40
 > choose ヘルプ/添付マニュアル
 [Tarumine 2]:
 [添付マニュアルが見つかりません。]: over Tarumine 2, holds up that window, in front | label: 添付マニュアルが見つかりません。
@@ -53,14 +56,14 @@ no [Tarumine] Button 船🛥
 > go Tarumine 2
 [Tarumine 2]: in front
 [🐱Cat に餌をやりました]: over Tarumine, holds up that window
-keyboard: EditableText テキスト in Tarumine 2
+keyboard: Slider Font Size in Tarumine 2
 > go 添付マニュアルが見つかりません。
 [Tarumine 2]:
 [添付マニュアルが見つかりません。]: over Tarumine 2, holds up that window, in front
 keyboard: Button OK in 添付マニュアルが見つかりません。
 > keys Return
 [Tarumine 2]: in front
-keyboard: EditableText テキスト in Tarumine 2
+keyboard: Slider Font Size in Tarumine 2
 no [添付マニュアルが見つかりません。]
 > go 🐱Cat に餌をやりました
 [Tarumine 2]:
@@ -68,7 +71,7 @@ no [添付マニュアルが見つかりません。]
 keyboard: Button OK in 🐱Cat に餌をやりました
 > keys Esc until printed: 1
 [Tarumine 2]: in front
-keyboard: EditableText テキスト in Tarumine 2
+keyboard: Slider Font Size in Tarumine 2
 printed: 1: Cancel tapped
 no [🐱Cat に餌をやりました]
 > choose ウインドウ/最小化
@@ -92,7 +95,7 @@ keyboard: EditableText テキスト in Tarumine
 > go Tarumine 2
 [Tarumine]: minimized
 [Tarumine 2]: minimized, in front
-keyboard: EditableText テキスト in Tarumine 2
+keyboard: Slider Font Size in Tarumine 2
 > choose ウインドウ/Tarumine
 [Tarumine]: in front
 [Tarumine 2]: minimized
@@ -139,7 +142,7 @@ keyboard: EditableText テキスト in Tarumine
 no [Tarumine 3]
 > keys Ctrl+F4
 [Tarumine 2]: minimized, in front
-keyboard: EditableText テキスト in Tarumine 2
+keyboard: Slider Font Size in Tarumine 2
 no [Tarumine]
 > quietly keys Ctrl+N
 > keys Ctrl+N
