@@ -224,7 +224,7 @@ private slots:
         QCOMPARE(::flock(another, LOCK_EX), 0);
         cat = 4;
         ::close(another);
-        QTimer::singleShot(0, qApp, &QCoreApplication::quit); // before the next try
+        QTimer::singleShot(0, this, &QCoreApplication::quit); // before the next try
         QCoreApplication::exec();
         QVERIFY(contentOf(file).contains("CatPX5=4"));
     }

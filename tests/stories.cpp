@@ -671,7 +671,7 @@ private:
 
 QStringList changes(const Facts &before, const Facts &after)
 {
-    QStringList lines;
+    QStringList news;
     const auto windowOf = [](const QString &what) { return what.section(u']', 0, 0) + u']'; };
     const auto isIn = [](const Facts &facts, const QString &what) {
         return std::ranges::any_of(facts, [&what](const auto &fact) { return fact.first == what; });
@@ -684,19 +684,29 @@ QStringList changes(const Facts &before, const Facts &after)
     };
     for (const auto &[what, is] : after) { // of another window only what isn't as in the first
         const bool isNew = what.startsWith(u'[') && !isIn(before, windowOf(what));
-        const QString line = what + u": "_s + is;
         if (isNew && what != windowOf(what) && !isAsElsewhere(what, is))
-            (lines.last().size() < 90 ? lines.last() : lines.emplaceBack()) +=
-                u" | "_s + line.section(u"] "_s, 1);
+            news += what.section(u"] "_s, 1) + u": "_s + is;
         else if (!before.contains(std::pair(what, is)) && (!isNew || what == windowOf(what)))
-            lines += line;
+            news += what + u": "_s + is;
     }
     for (const auto &[what, is] : before) { // a window takes along what is in it
         if (!isIn(after, what)
             && (what == windowOf(what) || !what.startsWith(u'[') || isIn(after, windowOf(what))))
-            lines += u"no "_s + what;
+            news += u"no "_s + what;
     }
-    return lines;
+    return news;
+}
+
+// In lines that are wide, but not too wide to read.
+QString inLines(const QStringList &news)
+{
+    QString all, line;
+    for (const QString &each : news) {
+        if (!line.isEmpty() && line.size() + each.size() > 150)
+            all += std::exchange(line, {}) + u'\n';
+        line += (line.isEmpty() ? u""_s : u" | "_s) + each.trimmed();
+    }
+    return line.isEmpty() ? all : all + line + u'\n';
 }
 
 // What really happens, in the form of the story.
@@ -711,7 +721,8 @@ QString told(const QStringList &story)
         if (!line.startsWith(u"> "_s))
             continue;
         const bool isQuiet = line.startsWith(u"> quietly "_s);
-        person.act(line.section(u' ', isQuiet ? 2 : 1));
+        for (const QString &step : line.section(u' ', isQuiet ? 2 : 1).split(u" ; "_s))
+            person.act(step);
         const Facts now = Looking().facts();
         all += line + u'\n';
         QStringList news = changes(seen, now);
@@ -719,10 +730,8 @@ QString told(const QStringList &story)
             news += u"said: "_s + each;
         for (const QString &each : std::exchange(trouble, {}))
             all += u"trouble: "_s + each + u'\n';
-        if (!isQuiet) {
-            for (const QString &each : news)
-                all += each.trimmed() + u'\n';
-        }
+        if (!isQuiet)
+            all += inLines(news);
         seen = now;
     }
     return all;

@@ -30,29 +30,14 @@ keyboard: EditableText テキスト in Tarumine
 keyboard: Button 船🛥 in Tarumine
 > keys Shift+Tab
 keyboard: EditableText テキスト in Tarumine
-> keys F9
-[Tarumine] 表示/ checked:
-no [Tarumine] Separator サイドバーの境界
-no [Tarumine] Tree サイドバー
-no [Tarumine] row フォルダA
+> keys F9 Shift+Tab
+[Tarumine] 表示/ checked: | keyboard: ComboBox ブラウザを選択 in Tarumine | no [Tarumine] Separator サイドバーの境界 | no [Tarumine] Tree サイドバー | no [Tarumine] row フォルダA
 no [Tarumine] row フォルダB
-> keys Shift+Tab
-keyboard: ComboBox ブラウザを選択 in Tarumine
-> keys Shift+Tab
-keyboard: Button 起動 in Tarumine
-> keys Shift+Tab
-keyboard: Button 簡易PDF in Tarumine
-> keys Shift+Tab
-keyboard: Button 読込 in Tarumine
-> keys Shift+Tab
-keyboard: Button 別スレッド in Tarumine
-> keys Shift+Tab
-keyboard: Slider Font Size in Tarumine
-> keys Shift+Tab
+> keys Shift+Tab Shift+Tab Shift+Tab Shift+Tab Shift+Tab Shift+Tab
 keyboard: Separator 本文の境界 in Tarumine
 > keys F10
-[menu]: over Tarumine, in front | not at the caret:  | : 新規ウインドウ(&N) Ctrl+N, 読込(&O) Ctrl+O, 簡易PDF(&P) Ctrl+P, Tarumine について(&A), ウインドウを閉じる(&C) Ctrl+F4, Tarumine を終了(&Q) Ctrl+Q
-|  disabled:  |  checked:
+[menu]: over Tarumine, in front | not at the caret:
+: 新規ウインドウ(&N) Ctrl+N, 読込(&O) Ctrl+O, 簡易PDF(&P) Ctrl+P, Tarumine について(&A), ウインドウを閉じる(&C) Ctrl+F4, Tarumine を終了(&Q) Ctrl+Q | disabled: | checked:
 keyboard: MenuBar  in Tarumine
 > keys Esc
 no [menu]
