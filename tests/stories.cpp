@@ -697,14 +697,17 @@ QStringList changes(const Facts &before, const Facts &after)
     return news;
 }
 
-// In lines that are wide, but not too wide to read.
+// In lines that are wide, but not too wide to read; each names a window once.
 QString inLines(const QStringList &news)
 {
-    QString all, line;
+    QString all, line, window;
     for (const QString &each : news) {
-        if (!line.isEmpty() && line.size() + each.size() > 150)
+        const QString where = each.startsWith(u'[') ? each.section(u"] "_s, 0, 0) + u"] "_s : QString();
+        const QString item = (where == window ? each.mid(where.size()) : each).trimmed();
+        if (line.size() + item.size() > 150)
             all += std::exchange(line, {}) + u'\n';
-        line += (line.isEmpty() ? u""_s : u" | "_s) + each.trimmed();
+        line += line.isEmpty() ? each.trimmed() : u" | "_s + item;
+        window = where;
     }
     return line.isEmpty() ? all : all + line + u'\n';
 }

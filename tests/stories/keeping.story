@@ -10,7 +10,7 @@ CheckBox 座席: | CheckBox 磁気: | CheckBox ブランド: | CheckBox アク�
 > press アニメ
 [設定] CheckBox アニメ: checked | keyboard: CheckBox アニメ in 設定 | kept IntKeyToggle1: 1
 > file config/tarumine/Tarumine.conf [General]\nIntKeyToggle3=1\nBirdPX5=3\n[Group]\nx=2\n until エージェント: checked
-[設定] CheckBox アニメ: | [設定] CheckBox 映画: | [設定] CheckBox エージェント: checked | [設定] CheckBox ブランド: | kept IntKeyToggle3: 1 | kept BirdPX5: 3 | kept x: 2
+[設定] CheckBox アニメ: | CheckBox 映画: | CheckBox エージェント: checked | CheckBox ブランド: | kept IntKeyToggle3: 1 | kept BirdPX5: 3 | kept x: 2
 no kept StringKeyPX5 | no kept IntKeyToggle2 | no kept IntKeyToggle8 | no kept IntKeyToggle9 | no kept other | no kept IntKeyToggle1
 > press 座席
 [設定] CheckBox 座席: checked | keyboard: CheckBox 座席 in 設定 | kept IntKeyToggle6: 1

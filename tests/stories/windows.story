@@ -21,15 +21,15 @@ label #2: 文章を読む欄と、ちいさな道具と、船がひとつ。⏎�
 > do SetFocus Font Size
 keyboard: Slider Font Size in Tarumine 2
 > keys End
-[Tarumine 2] 表示/ disabled: 文字を大きく(&L) | [Tarumine 2] Slider Font Size: ポイント, 40 | [Tarumine 2] label #3: 40 pt | [Tarumine 2] points: 40
+[Tarumine 2] 表示/ disabled: 文字を大きく(&L) | Slider Font Size: ポイント, 40 | label #3: 40 pt | points: 40
 > choose ヘルプ/添付マニュアル
 [Tarumine 2]: | [添付マニュアルが見つかりません。]: over Tarumine 2, holds up that window, in front | label: 添付マニュアルが見つかりません。 | Button OK:
 keyboard: Button OK in 添付マニュアルが見つかりません。
 > go Tarumine
 [Tarumine]: in front | [添付マニュアルが見つかりません。]: over Tarumine 2, holds up that window | keyboard: EditableText テキスト in Tarumine
 > press 🐱Cat
-[Tarumine]: | [Tarumine] board: 居場所 at 298, 58 | [Tarumine] Button 居場所 #2: | [🐱Cat に餌をやりました]: over Tarumine, holds up that window, in front
-label: 🐱Cat に餌をやりました | Button キャンセル: | keyboard: Button OK in 🐱Cat に餌をやりました | kept [General]: | kept CatPX5: 3 | no [Tarumine] Button 船🛥
+[Tarumine]: | [Tarumine] board: 居場所 at 298, 58 | Button 居場所 #2: | [🐱Cat に餌をやりました]: over Tarumine, holds up that window, in front | label: 🐱Cat に餌をやりました
+Button キャンセル: | keyboard: Button OK in 🐱Cat に餌をやりました | kept [General]: | kept CatPX5: 3 | no [Tarumine] Button 船🛥
 > go Tarumine 2
 [Tarumine 2]: in front | [🐱Cat に餌をやりました]: over Tarumine, holds up that window | keyboard: Slider Font Size in Tarumine 2
 > go 添付マニュアルが見つかりません。
@@ -41,15 +41,15 @@ label: 🐱Cat に餌をやりました | Button キャンセル: | keyboard: Bu
 > keys Esc until printed: 1
 [Tarumine 2]: in front | keyboard: Slider Font Size in Tarumine 2 | printed: 1: Cancel tapped | no [🐱Cat に餌をやりました]
 > choose ウインドウ/最小化
-[Tarumine 2]: minimized, in front | [Tarumine 2] ウインドウ/: 最小化(&M) Ctrl+M, Tarumine, Tarumine 2 | [Tarumine 2] ウインドウ/ checked: Tarumine 2
+[Tarumine 2]: minimized, in front | [Tarumine 2] ウインドウ/: 最小化(&M) Ctrl+M, Tarumine, Tarumine 2 | ウインドウ/ checked: Tarumine 2
 > go Tarumine 2
 > choose ウインドウ/Tarumine
 [Tarumine]: in front | [Tarumine 2]: minimized | [Tarumine 2] ウインドウ/ checked: Tarumine | keyboard: EditableText テキスト in Tarumine
 > type aあ
 [Tarumine] 編集/ disabled: やり直す(&R), 切り取り(&T), コピー(&C)
-[Tarumine] EditableText テキスト: “aあアプリ起動後に読み込んだ文章です。この枠内で読書が可能ですので読込ボタンを押して下さい。この文…込むなどして保存ください。簡易PDF出力（仮）が可能です。” (137) | [Tarumine] caret: 2
+[Tarumine] EditableText テキスト: “aあアプリ起動後に読み込んだ文章です。この枠内で読書が可能ですので読込ボタンを押して下さい。この文…込むなどして保存ください。簡易PDF出力（仮）が可能です。” (137) | caret: 2
 > choose ウインドウ/最小化
-[Tarumine]: minimized, in front | [Tarumine] ウインドウ/: 最小化(&M) Ctrl+M, Tarumine, Tarumine 2 | [Tarumine] ウインドウ/ checked: Tarumine
+[Tarumine]: minimized, in front | [Tarumine] ウインドウ/: 最小化(&M) Ctrl+M, Tarumine, Tarumine 2 | ウインドウ/ checked: Tarumine
 > go Tarumine 2
 [Tarumine]: minimized | [Tarumine 2]: minimized, in front | keyboard: Slider Font Size in Tarumine 2
 > choose ウインドウ/Tarumine
